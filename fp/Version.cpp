@@ -1,0 +1,9 @@
+#include "fp/Version.h"
+
+namespace FP {
+
+const char* GetLibraryVersion() {
+    return FP_VERSION;
+}
+
+}  // namespace FP

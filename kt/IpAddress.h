@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace KT {
+
+// An IPv4 address. Text that is not a dotted quad of four decimal numbers of
+// at most 255 (leading zeros allowed, as in "192.168.001.010") gives 0.0.0.0
+// and IsValid() false.
+class CIpAddress {
+public:
+    CIpAddress();
+    CIpAddress(const std::string& text);  // NOLINT: built from text throughout
+    CIpAddress(const char* text);         // NOLINT
+    explicit CIpAddress(uint32_t hostOrder);
+    CIpAddress& operator=(const std::string& text);
+    CIpAddress& operator=(const char* text);
+
+    bool Parse(const std::string& text);  // false leaves 0.0.0.0
+    bool IsValid() const { return valid_; }
+
+    // "192.168.1.10", or with padded true "192.168.001.010".
+    std::string GetIp(bool padded = false) const;
+    std::string ToString(bool padded = false) const { return GetIp(padded); }
+    uint32_t ToUint() const;
+
+    // Octet i (0 is the first written). Outside 0..3 reads give 0 and writes
+    // land in a scratch byte.
+    unsigned char operator[](int i) const;
+    unsigned char& operator[](int i);
+
+    bool operator<(const CIpAddress& o) const { return ToUint() < o.ToUint(); }
+    bool operator>(const CIpAddress& o) const { return ToUint() > o.ToUint(); }
+    bool operator<=(const CIpAddress& o) const { return ToUint() <= o.ToUint(); }
+    bool operator>=(const CIpAddress& o) const { return ToUint() >= o.ToUint(); }
+    bool operator==(const CIpAddress& o) const { return ToUint() == o.ToUint(); }
+    bool operator!=(const CIpAddress& o) const { return ToUint() != o.ToUint(); }
+
+    static CIpAddress MaxIpAddress();  // 255.255.255.255
+    static CIpAddress MinIpAddress();  // 0.0.0.0
+
+private:
+    unsigned char octets_[4];
+    unsigned char scratch_ = 0;
+    bool valid_ = true;
+};
+
+}  // namespace KT

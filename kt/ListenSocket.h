@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "kt/StreamSocket.h"
+
+namespace KT {
+
+// A listening TCP or Unix-domain socket that hands out connected
+// CStreamSockets. Addresses: "tcp:HOST:PORT" (port 0 picks a free one) or
+// "unix:PATH".
+class CListenSocket {
+public:
+    CListenSocket() = default;
+    ~CListenSocket();
+    CListenSocket(const CListenSocket&) = delete;
+    CListenSocket& operator=(const CListenSocket&) = delete;
+
+    bool Listen(const std::string& address);
+    // Waits up to timeoutMs (-1: no limit) for a connection. False on timeout
+    // or error.
+    bool Accept(CStreamSocket& out, int timeoutMs = -1);
+    void Close();
+
+    bool IsOpen() const { return fd_ >= 0; }
+    unsigned short GetPort() const { return port_; }  // TCP only
+    // The address a client passes to CStreamSocket::Open to reach this socket.
+    std::string GetAddress() const { return address_; }
+
+private:
+    int fd_ = -1;
+    unsigned short port_ = 0;
+    std::string unixPath_;
+    std::string address_;
+};
+
+}  // namespace KT

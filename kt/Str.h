@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+namespace KT {
+namespace Str {
+
+// printf-style formatting into a string. A null format gives "".
+std::string Format(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+// The same with a format held in a string (the number line keeps its format
+// in one).
+template <class... Args>
+std::string Format(const std::string& format, Args... args) {
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+#pragma GCC diagnostic ignored "-Wformat-security"
+    return Format(format.c_str(), args...);
+#pragma GCC diagnostic pop
+}
+
+// Text to number. out receives what a stream extraction reads from text (0
+// when nothing can be read). The result is true when text is exactly the
+// canonical rendering of out (for double: fixed notation with 6 decimals; for
+// integers: plain decimal), or when text is "true" or "false" in any case, which
+// give 1 and 0.
+template <class T>
+bool ToNum(T& out, const std::string& text);
+
+template <>
+bool ToNum<double>(double& out, const std::string& text);
+template <>
+bool ToNum<float>(float& out, const std::string& text);
+template <>
+bool ToNum<int>(int& out, const std::string& text);
+template <>
+bool ToNum<long>(long& out, const std::string& text);
+template <>
+bool ToNum<unsigned int>(unsigned int& out, const std::string& text);
+
+}  // namespace Str
+}  // namespace KT

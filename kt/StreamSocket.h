@@ -1,0 +1,62 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <string>
+
+#include "kt/Slice.h"
+
+namespace KT {
+
+// A blocking, connected byte stream: TCP, a Unix-domain socket, one end of a
+// socket pair, or a serial tty in raw mode.
+//
+// Addresses for Open(): "tcp:HOST:PORT", "unix:PATH", "serial:DEVICE[@BAUD]".
+class CStreamSocket {
+public:
+    CStreamSocket();
+    explicit CStreamSocket(int fd);  // takes ownership of a connected descriptor
+    ~CStreamSocket();
+    CStreamSocket(const CStreamSocket&) = delete;
+    CStreamSocket& operator=(const CStreamSocket&) = delete;
+
+    static bool CreatePair(CStreamSocket& a, CStreamSocket& b);
+
+    bool Open(const std::string& address);
+    bool ConnectTcp(const std::string& host, unsigned short port);
+    bool ConnectUnix(const std::string& path);
+    // Opens a tty in raw mode (8N1, no flow control) at the given baud rate.
+    bool OpenSerial(const std::string& device, unsigned int baud);
+    // Takes ownership of a connected descriptor, closing any held before.
+    bool Attach(int fd);
+
+    // Blocks until at least one byte is available and reads up to
+    // buffer.Length() bytes into it. Returns the number read; 0 on end of
+    // stream, error, Shutdown(), or cancellation of the calling CThread.
+    int Read(CSlice<unsigned char>& buffer);
+    // Writes the whole slice; false on error. Concurrent writers never
+    // interleave inside one slice.
+    bool Write(const CSlice<unsigned char>& data);
+    bool Write(const void* data, size_t length);
+
+    // Wakes every blocked Read (which then returns 0) and refuses further I/O.
+    // The descriptor stays open until Close() or destruction.
+    void Shutdown();
+    // Shutdown(), then closes the descriptor. Must not race with a Read.
+    void Close();
+
+    bool IsOpen() const { return fd_ >= 0 && !shutdown_.load(); }
+    int GetFd() const { return fd_; }
+    bool IsSocket() const { return isSocket_; }
+
+    static bool ParseBaud(unsigned int baud, unsigned int& speedConstant);
+
+private:
+    int fd_ = -1;
+    int wakeFd_ = -1;
+    bool isSocket_ = false;
+    std::atomic<bool> shutdown_{false};
+    std::mutex writeMutex_;
+};
+
+}  // namespace KT
