@@ -117,3 +117,17 @@ TEST_F(DisplayHwTest, ReverseWordsAndBoundaryAreInverted) {
                                     Text("ok", 0, 1),
                                     {"R\x02"}}));
 }
+
+TEST_F(DisplayHwTest, TinyPanels) {
+    FP::DisplayHw flat(control, 2, 0);
+    adapter.Take();
+    flat.ShowBoundary();
+    flat.SendWindowUpdate("abc");
+    flat.SendLineUpdate("abc", 0);  // narrower than the symbol columns: no text
+    EXPECT_EQ(adapter.Take(), Text("", 0, 0));
+
+    FP::DisplayHw narrow(control, 0, 2);
+    adapter.Take();
+    narrow.SendWindowUpdate("abc");
+    EXPECT_EQ(adapter.Take(), Join({Text("", 0, 0), Text("", 0, 0)}));
+}
