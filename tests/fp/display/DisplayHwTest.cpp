@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include "fp/display/DisplayHw.h"
+#include "fp/link/FpControl.h"
+
+namespace {
+
+// Records each command frame as its operation byte followed by its payload.
+class RecordingAdapter : public FP::IFpAdapter {
+public:
+    void SetResponseHandler(unsigned char, Handler const&) override {}
+    bool SendCommand(unsigned char op, Payload const& payload) override {
+        frames.push_back(std::string(1, static_cast<char>(op)));
+        for (size_t i = 0; i < payload.Length(); ++i) {
+            frames.back() += static_cast<char>(payload[i]);
+        }
+        return true;
+    }
+    Payload SendRequest(unsigned char, Payload const&) override { return Payload(); }
+    Payload SendRequest(unsigned char, Payload const&, unsigned int) override { return Payload(); }
+
+    std::vector<std::string> Take() { return std::move(frames); }
+
+private:
+    std::vector<std::string> frames;
+};
+
+using Frames = std::vector<std::string>;
+
+// The frames of one plain text placed at (column, line).
+Frames Text(const std::string& text, char column, char line) {
+    return {std::string("X") + column, std::string("Y") + line, "T" + text};
+}
+
+Frames Join(std::initializer_list<Frames> parts) {
+    Frames all;
+    for (const Frames& p : parts) {
+        all.insert(all.end(), p.begin(), p.end());
+    }
+    return all;
+}
+
+class DisplayHwTest : public ::testing::Test {
+protected:
+    RecordingAdapter adapter;
+    FP::FpControl control{adapter};
+    FP::DisplayHw hw{control, 20, 4};
+    const Frames atConstruction = adapter.Take();
+};
+
+}  // namespace
+
+TEST_F(DisplayHwTest, ConstructionClearsThePanelOnce) {
+    EXPECT_EQ(atConstruction, Frames{"0"});
+}
+
+TEST_F(DisplayHwTest, LineZeroLeavesRoomForNavigationSymbols) {
+    const std::string full = "abcdefghijklmnopqrst";
+    hw.SendLineUpdate(full, 0);
+    hw.SendLineUpdate(full + "XYZ", 1);
+    hw.SendLineUpdate("ab", 0);
+    EXPECT_EQ(adapter.Take(),
+              Join({Text(full.substr(0, 17), 0, 0), Text(full, 0, 1), Text("ab", 0, 0)}));
+}
+
+TEST_F(DisplayHwTest, WindowUpdateSendsBlanksToTheFirstLineBelowTheText) {
+    const std::string a(20, 'a'), b(20, 'b'), blank(20, ' ');
+    hw.SendWindowUpdate(a + b + "ccc");
+    EXPECT_EQ(adapter.Take(), Join({Text(a.substr(0, 17), 0, 0), Text(b, 0, 1), Text(blank, 0, 2),
+                                    Text(blank, 0, 2)}));
+}
+
+TEST_F(DisplayHwTest, NavigationAndLockSymbols) {
+    hw.SendNavSymbols(0x41);
+    EXPECT_EQ(adapter.Take(), Join({Text("\x83  ", 17, 0), Text("\x80  ", 17, 0)}));
+    hw.SendNavSymbols(0x40);
+    EXPECT_EQ(adapter.Take(), Join({Text("\x83  ", 17, 0), Text("\x83  ", 17, 0)}));
+    hw.SendNavSymbols(0xA6);
+    EXPECT_EQ(adapter.Take(), Join({Text(" \x84\x85", 17, 0), Text(" \x7F\x81", 17, 0)}));
+
+    hw.SendLockDisableSymbols(0x18);
+    hw.SendLockDisableSymbols(0x08);
+    hw.SendLockDisableSymbols(0x07);
+    EXPECT_EQ(adapter.Take(), Join({Text("\x8A", 0, 0), Text("\x82", 0, 0), Text(" ", 0, 0)}));
+
+    hw.SetLockShown(true);
+    hw.SetDisableShown(true);
+    hw.SendNavSymbols(0x00);
+    EXPECT_EQ(adapter.Take(), Join({Text("\x82", 0, 0), Text("\x8A", 0, 0), Text("   ", 17, 0),
+                                    Text("   ", 17, 0)}));
+}
+
+TEST_F(DisplayHwTest, ReverseWordsAndBoundaryAreInverted) {
+    hw.ShowBoundary();
+    Frames boundary;
+    for (char line = 0; line < 4; ++line) {
+        boundary = Join({boundary, {"R\x01"}, Text(" ", 20, line), {"R\x02"}});
+    }
+    EXPECT_EQ(adapter.Take(), boundary);
+
+    // Through the model: the whole window, then the reverse word.
+    hw.WriteLine("ok", 1, FP::LEFT_JUSTIFY, 0);
+    hw.WriteReverseWord("ok", 1, 0);
+    hw.SendUpdate();
+    const std::string blank(20, ' ');
+    EXPECT_EQ(adapter.Take(), Join({Text(blank.substr(0, 17), 0, 0),
+                                    Text("ok" + blank.substr(2), 0, 1),
+                                    Text(blank, 0, 2),
+                                    Text(blank, 0, 3),
+                                    {"R\x01"},
+                                    Text("ok", 0, 1),
+                                    {"R\x02"}}));
+}
+
+TEST_F(DisplayHwTest, TinyPanels) {
+    FP::DisplayHw flat(control, 2, 0);
+    adapter.Take();
+    flat.ShowBoundary();
+    flat.SendWindowUpdate("abc");
+    flat.SendLineUpdate("abc", 0);  // narrower than the symbol columns: no text
+    EXPECT_EQ(adapter.Take(), Text("", 0, 0));
+
+    FP::DisplayHw narrow(control, 0, 2);
+    adapter.Take();
+    narrow.SendWindowUpdate("abc");
+    EXPECT_EQ(adapter.Take(), Join({Text("", 0, 0), Text("", 0, 0)}));
+}
