@@ -94,6 +94,8 @@ IFpAdapter::Payload FpAdapter::ReceiveRequestResponse(unsigned char op) {
         log_->warn("%s() Expected response operation 0x%02x. Actual=0x%02x",
                    "ReceiveRequestResponse", op, front.first);
     pending_.pop_front();
+    if (answered_ > 0)
+        --answered_;
     return front.second;
 }
 
@@ -105,8 +107,12 @@ void FpAdapter::ProcessResponse(Payload const& frame) {
     bool matched = false;
     {
         KT::CMutexLock lock(requestMutex_);
-        if (!pending_.empty() && pending_.front().first == op) {
-            pending_.front().second = payload;
+        // The oldest request still without an answer is the one this can
+        // answer. Two answers arriving before the first waiter has run must not
+        // land in the same entry, or one of them would be lost.
+        if (answered_ < pending_.size() && pending_[answered_].first == op) {
+            pending_[answered_].second = payload;
+            ++answered_;
             matched = true;
         }
     }

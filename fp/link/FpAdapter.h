@@ -74,6 +74,9 @@ private:
     KT::CThread thread_;
     std::map<unsigned char, Handler> handlers_;
     std::deque<std::pair<unsigned char, Payload>> pending_;
+    // Answers arrive in request order, so the answered entries are always the
+    // first ones of the queue; this counts them.
+    size_t answered_ = 0;
     KT::CMutex requestMutex_;
     KT::CSemaphore responseSem_;
 
