@@ -13,8 +13,8 @@ class Category;
 
 namespace FP {
 
-// One method for each thing the panel controller can do, plus delivery of its
-// unsolicited reports (temperature, fan speeds, keys, start-up) to listeners.
+// The panel controller's operations as methods, and its unsolicited reports
+// (temperature, fan speeds, keys, start-up) passed on to listeners.
 class FpControl {
 public:
     enum Fan_e { FAN_1 = 0, FAN_2 = 1, FAN_3 = 2 };
