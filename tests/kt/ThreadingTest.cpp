@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <thread>
 
 #include "kt/MsgQ.h"
 #include "kt/Semaphore.h"
@@ -18,6 +19,7 @@ TEST(Thread, CancelWakesABlockedReadAndSleep) {
     ASSERT_TRUE(KT::CStreamSocket::CreatePair(a, b));
     std::atomic<int> readResult{-1}, sleepResult{-1};
     std::atomic<int> calls{0};
+    std::atomic<bool> sleeping{false};
     KT::CThread reader("kt-reader", KT::CThread::GetPriority(), [&] {
         ++calls;
         KT::CSlice<unsigned char> buf(16);
@@ -25,13 +27,15 @@ TEST(Thread, CancelWakesABlockedReadAndSleep) {
         return true;
     });
     KT::CThread sleeper("kt-sleeper", 0, [&] {
+        sleeping = true;
         sleepResult = KT::CThread::Sleep(60000);
         return true;
     });
     ASSERT_TRUE(reader.Run());
     ASSERT_TRUE(sleeper.Run());
     EXPECT_FALSE(reader.Run());
-    KT::CThread::Sleep(20);  // let both block
+    while (calls.load() == 0 || !sleeping.load())  // both bodies entered
+        std::this_thread::yield();
 
     auto start = Clock::now();
     reader.Cancel();
