@@ -15,7 +15,7 @@ public:
     // Largest frame kept: opcode plus payload after unescaping. The unit
     // assembles frames in 512-byte buffers, so anything longer is not a frame
     // a well-behaved peer sends.
-    static const size_t kMaxCollected = 512;
+    static constexpr size_t kMaxCollected = 512;
 
     struct Frame {
         uint8_t op = 0;

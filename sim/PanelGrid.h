@@ -18,7 +18,7 @@ namespace FPSIM {
 // Bytes are shown through Glyph().
 class PanelGrid {
 public:
-    static const unsigned kMaxSide = 256;
+    static constexpr unsigned kMaxSide = 256;
 
     PanelGrid(unsigned width = 20, unsigned height = 4);
 
