@@ -48,10 +48,8 @@ bool PanelSim::Start() {
         state_.started = true;
         state_.linkUp = true;
     }
-    if (!link_.Write(FrameEncoder::Encode('i').data(), 3)) {
-        LinkDown("Start() could not send the start-up message");
+    if (!SendFrame('i', {}))
         return false;
-    }
     reader_.reset(
         new KT::CThread("fpsim-reader", 0, KT::CFunctor<bool()>(this, &PanelSim::ReaderRun)));
     reader_->Run();
@@ -368,7 +366,7 @@ void PanelSim::Apply(const FrameDecoder::Frame& frame, Outbox_t& out) {
             out.changes |= CHANGE_INDICATORS;
             return;
         case 'P':
-            return ApplySubscription(p, out);
+            return ApplySubscription(frame, out);
         case 'A':
             Append(out.bytes, FrameEncoder::Encode('A', {answers_.slotId}));
             return;
@@ -408,14 +406,11 @@ void PanelSim::ApplyText(const std::vector<uint8_t>& text, Outbox_t& out) {
     }
 }
 
-void PanelSim::ApplySubscription(const std::vector<uint8_t>& payload, Outbox_t& out) {
+void PanelSim::ApplySubscription(const FrameDecoder::Frame& frame, Outbox_t& out) {
+    const std::vector<uint8_t>& payload = frame.payload;
     const bool unsubscribe = payload.size() == 1 && payload[0] == 0;
-    if (!unsubscribe && payload.size() != 2) {
-        ++state_.counters.badPayloads;
-        out.log.push_back("bad payload for 'P' (" + std::to_string(payload.size()) + " byte(s))");
-        out.changes |= CHANGE_COUNTERS;
-        return;
-    }
+    if (!unsubscribe && payload.size() != 2)
+        return BadPayload(frame, out);
     // A zero interval could never report; take it as a plain unsubscription.
     state_.subscribed = !unsubscribe && payload[0] != 0;
     state_.interval = state_.subscribed ? payload[0] : 0;

@@ -53,7 +53,8 @@ public:
     // Sends the start-up message and starts the thread(s). False if already
     // started or the start-up message could not be written.
     bool Start();
-    // Stops the threads; safe to call more than once, and from an observer.
+    // Stops the threads; safe to call more than once. Call it from the owner's
+    // thread, not from an observer (which may run on the reader thread).
     void Stop();
 
     // Observers and the log sink are called on whichever thread made the
@@ -108,7 +109,7 @@ private:
     uint64_t NowLocked() const;
     void Apply(const FrameDecoder::Frame& frame, Outbox_t& out);
     void ApplyText(const std::vector<uint8_t>& text, Outbox_t& out);
-    void ApplySubscription(const std::vector<uint8_t>& payload, Outbox_t& out);
+    void ApplySubscription(const FrameDecoder::Frame& frame, Outbox_t& out);
     void BadPayload(const FrameDecoder::Frame& frame, Outbox_t& out);
     void TickLocked(Outbox_t& out);
     void Flush(Outbox_t& out);
