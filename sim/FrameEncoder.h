@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace FPSIM {
+
+// Wire bytes shared by the encoder and the decoder.
+enum FrameByte_e : uint8_t { FRAME_START = 0x09, FRAME_ESCAPE = 0x7D, FRAME_END = 0x7E };
+
+// Builds frames the way the panel controller sends them: start byte, the
+// opcode as is, the payload with frame bytes escaped, end byte.
+class FrameEncoder {
+public:
+    static bool IsFrameByte(uint8_t b) {
+        return b == FRAME_START || b == FRAME_ESCAPE || b == FRAME_END;
+    }
+    static std::vector<uint8_t> Encode(uint8_t op, const uint8_t* payload, size_t length);
+    static std::vector<uint8_t> Encode(uint8_t op, const std::vector<uint8_t>& payload = {}) {
+        return Encode(op, payload.data(), payload.size());
+    }
+};
+
+}  // namespace FPSIM
