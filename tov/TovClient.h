@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+#include <thread>
+#include <tuple>
+
+#include "tov/DataEngine.h"
+#include "tov/DataStore.h"
+#include "tov/EventDispatcher.h"
+#include "tov/ManagedEventSink.h"
+#include "tov/Oid.h"
+#include "tov/Param.h"
+#include "tov/Ret.h"
+#include "tov/Txn.h"
+
+namespace TOV {
+
+// A connection of the application to a data store. Events of the sinks it
+// registers arrive either on the engine's delivery thread or, in queued mode,
+// on whichever thread calls DeliverEvents (for single-threaded applications).
+class CTovClient : public CDataEngine {
+public:
+    enum Delivery_e { DELIVER_ON_ENGINE_THREAD, DELIVER_QUEUED };
+
+    explicit CTovClient(CDataStore& store, Delivery_e delivery = DELIVER_ON_ENGINE_THREAD);
+    // Unregisters every sink still registered through this client.
+    ~CTovClient() override;
+    CTovClient(const CTovClient&) = delete;
+    CTovClient& operator=(const CTovClient&) = delete;
+
+    // Fails for a thread already attached, or not attached, respectively.
+    CRet AttachThread() override;
+    CRet DetachThread() override;
+
+    // Writes data to name/oid as user.
+    CRet SendOp(const std::string& user, const std::string& name, const COid& oid,
+                const std::string& data) const;
+    // Applies all writes of txn as user, or none.
+    CRet SendTxn(const std::string& user, const CTxn& txn) const;
+    // The value of name/instance.
+    CRet GetVal(const std::string& name, const std::string& instance) const;
+    // One variable: current true reads its value, false its declared default.
+    CRet GetVar(const std::string& user, const std::string& name, const COid& oid,
+                bool current) const;
+    // The variables of the groups listed in request (see CDataStore::Groups).
+    CRet GetGroups(const std::string& user, const CParam& request, const COid& oid,
+                   bool recursive) const;
+    // A variable set ("name" + "instance" entries), keyed by name, instances
+    // as sub-keys.
+    CRet GetVars(const std::string& user, const CParam& request) const;
+    CRet GetVarsByValue(const std::string& user, const CParam& request,
+                        const std::string& value) const;
+
+    // Registering the same sink twice for a variable is refused; removal of a
+    // registration that does not exist fails. Once removal returns, the sink
+    // is not called again for that variable.
+    CRet AddManagedEventHandler(const std::string& name, IManagedEventSink* sink,
+                                const std::string& instance);
+    CRet RemoveManagedEventHandler(const std::string& name, IManagedEventSink* sink,
+                                   const std::string& instance);
+
+    // Queued mode: calls the sinks of pending events on the calling thread and
+    // answers how many were called; WaitEvents waits up to ms for one.
+    size_t DeliverEvents();
+    bool WaitEvents(unsigned int ms);
+
+    Delivery_e GetDelivery() const { return delivery_; }
+    CDataStore& GetStore() const { return store_; }
+
+private:
+    CEventDispatcher* Dispatcher();
+
+    CDataStore& store_;
+    const Delivery_e delivery_;
+    std::unique_ptr<CEventDispatcher> queue_;
+    std::mutex mutex_;
+    std::set<std::thread::id> attached_;
+    std::set<std::tuple<std::string, std::string, IManagedEventSink*>> registered_;
+};
+
+}  // namespace TOV
