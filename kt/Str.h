@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <type_traits>
 
 namespace KT {
 namespace Str {
@@ -9,9 +10,11 @@ namespace Str {
 std::string Format(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 // The same with a format held in a string (the number line keeps its format
-// in one).
-template <class... Args>
-std::string Format(const std::string& format, Args... args) {
+// in one). Restricted to std::string: open to any first argument, it would also
+// catch literal formats and call itself for ever.
+template <class S, class... Args,
+          class = std::enable_if_t<std::is_same<std::decay_t<S>, std::string>::value>>
+std::string Format(const S& format, Args... args) {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"

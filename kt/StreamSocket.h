@@ -30,7 +30,8 @@ public:
     // Takes ownership of a connected descriptor, closing any held before.
     bool Attach(int fd);
 
-    // Waits for data, then reads between one and buffer.Length() bytes. Returns the number read; 0 on end of
+    // Waits for data, then reads whatever is there, up to buffer.Length()
+    // bytes. Returns the number read; 0 on end of
     // stream, error, Shutdown(), or cancellation of the calling CThread.
     int Read(CSlice<unsigned char>& buffer);
     // Writes the whole slice; false on error. Concurrent writers never

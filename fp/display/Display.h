@@ -12,9 +12,9 @@ namespace FP {
 // Alignment of a text on a display line; unknown values align left.
 enum DisplayLineFormat_e { LEFT_JUSTIFY = 0, CENTER = 1, RIGHT_JUSTIFY = 2 };
 
-// The character display as the menu engine sees it. Writes go into the
-// selected window; the send operations pass what changed to the hardware.
-// Not thread-safe: one thread drives it.
+// Character grid that menus draw into. Text lands in the selected window;
+// the pure send hooks carry only what changed to a concrete panel.
+// Takes no locks: callers keep to one thread.
 class Display {
 public:
     struct ReverseWord_t {
@@ -46,10 +46,9 @@ public:
     virtual void SendReverseWord(const std::string& text, unsigned int column,
                                  unsigned int line) = 0;
     virtual void SendUpdate();
-    // text is the whole window, all lines end to end.
+    // Receives every line of the window concatenated.
     virtual void SendWindowUpdate(const std::string& text) = 0;
-    // Returns the number of pieces the text was split into, including those
-    // that did not fit below line.
+    // Result counts every wrapped piece, also those below the last line.
     virtual int WriteBlock(const std::string& text, unsigned int line, DisplayLineFormat_e format,
                            unsigned int offset, char splitChar);
     virtual void WriteChar(unsigned char c, unsigned int line, unsigned int column);
@@ -68,7 +67,7 @@ public:
     void UpdateDisplay(DisplayWindow* window);
     void SetReverseWord(const std::string& text, unsigned int line, unsigned int column);
     void ClearReverseAll();
-    // Replaces characters the panel cannot show by '-'.
+    // Turns multi-byte characters without a panel glyph into '-'.
     static void ReplaceUnknownChars(std::string& s);
 
     // Set by whoever decides the panel is locked or disabled, before a redraw;

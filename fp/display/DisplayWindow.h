@@ -2,8 +2,8 @@
 
 namespace FP {
 
-// One text buffer of the display: height lines of width characters, stored end
-// to end and kept NUL-terminated so the whole buffer reads as one C string.
+// A text buffer of height rows by width cells, rows stored back to back, with
+// a trailing NUL so the buffer doubles as a C string.
 class DisplayWindow {
 public:
     DisplayWindow(int id, unsigned int width, unsigned int height);

@@ -5,21 +5,21 @@
 
 namespace FP {
 
-// Pads, aligns and word-wraps text for a display of a fixed width.
+// Alignment and word wrapping for lines of a fixed number of cells.
 class TextAdjustment {
 public:
     explicit TextAdjustment(int width);
 
-    // Each justification works in place and returns the leading spaces the
-    // alignment added, not counting the caller's offset.
+    // These edit s in place; the result is the left padding chosen by the
+    // alignment (the caller's offset excluded).
     int PadLine(std::string& s, int pad);
     int LeftJustifyLine(std::string& s, int offset);
     int CenterLine(std::string& s, int offset);
     int RightJustifyLine(std::string& s, int offset);
 
-    // Appends the pieces of s between delimiters to tokens (not cleared first).
+    // Adds the delimited pieces of s to tokens, keeping what it held.
     static void Tokenize(const std::string& s, char delimiter, std::vector<std::string>& tokens);
-    // Word wrap into lines shorter than width; a word longer than that stays whole.
+    // Wraps into lines shorter than width; an overlong word is kept whole.
     static void SplitString(const std::string& s, std::vector<std::string>& lines,
                             unsigned int width, char delimiter);
 

@@ -45,6 +45,7 @@ void Keypad::SetQuiesce(bool quiesce) {
         return;
     queue_.Flush();
     // A key held across a quiet period must be pressed again afterwards.
+    std::lock_guard<std::mutex> lock(stateMutex_);
     holdActive_ = false;
     holdKey_ = KEY_NONE;
     holdStart_ = 0;
@@ -61,6 +62,21 @@ void Keypad::EnqueueKeyPress(Key_e key, KeyState_e state) {
 
 void Keypad::HandleKeyPress(KeyState_t event) {
     const uint32_t now = tick_();
+    bool report;
+    {
+        std::lock_guard<std::mutex> lock(stateMutex_);
+        report = UpdateKeyState(event, now);
+    }
+
+    log_.debug("%s() key: %s State: %s Tick: %u", "HandleKeyPress", KeyName(event.key),
+               KeyStateName(event.state), now);
+
+    IKeyPress* listener = listener_.load();
+    if (report && listener)
+        listener->OnKeyPress(event.key);
+}
+
+bool Keypad::UpdateKeyState(KeyState_t event, uint32_t now) {
     keyStates_[event.key] = event.state;
 
     if (keyStates_[holdKey_] == KEY_STATE_UP) {
@@ -76,13 +92,7 @@ void Keypad::HandleKeyPress(KeyState_t event) {
         if (next == KEY_NONE)
             holdActive_ = false;
     }
-
-    log_.debug("%s() key: %s State: %s Tick: %u", "HandleKeyPress", KeyName(event.key),
-               KeyStateName(event.state), now);
-
-    IKeyPress* listener = listener_.load();
-    if (event.state == KEY_STATE_DOWN && !holdActive_ && event.key != KEY_NONE && listener)
-        listener->OnKeyPress(event.key);
+    return event.state == KEY_STATE_DOWN && !holdActive_ && event.key != KEY_NONE;
 }
 
 bool Keypad::KeypadWatcherRun() {
@@ -95,20 +105,27 @@ void Keypad::RunOnce(unsigned int waitMs) {
     if (queue_.Wait(waitMs) && queue_.TakeFront(event))
         HandleKeyPress(event);
 
-    if (keyStates_[holdKey_] != KEY_STATE_DOWN)
-        return;
-
-    const uint32_t now = tick_();
-    if (holdActive_) {
-        log_.debug("%s() Hold state active. time: %u button: %s", "KeypadWatcherRun", now,
-                   KeyName(holdKey_));
-        IKeyPress* listener = listener_.load();
-        if (listener)
-            listener->OnKeyPress(holdKey_);
-    } else if (static_cast<uint32_t>(now - holdStart_) > kHoldDelayMs) {
-        holdStart_ = now;
-        holdActive_ = true;
+    Key_e repeat;
+    uint32_t now;
+    {
+        std::lock_guard<std::mutex> lock(stateMutex_);
+        if (keyStates_[holdKey_] != KEY_STATE_DOWN)
+            return;
+        now = tick_();
+        if (!holdActive_) {
+            if (static_cast<uint32_t>(now - holdStart_) > kHoldDelayMs) {
+                holdStart_ = now;
+                holdActive_ = true;
+            }
+            return;
+        }
+        repeat = holdKey_;
     }
+    log_.debug("%s() Hold state active. time: %u button: %s", "KeypadWatcherRun", now,
+               KeyName(repeat));
+    IKeyPress* listener = listener_.load();
+    if (listener)
+        listener->OnKeyPress(repeat);
 }
 
 uint32_t Keypad::GetTickCount() {

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <map>
+#include <mutex>
 
 #include "fp/input/KeyTypes.h"
 #include "kt/Functor.h"
@@ -53,6 +54,9 @@ public:
     static uint32_t GetTickCount();
 
 private:
+    // Applies one event to the key table and hold state; true when it is a
+    // press to report.
+    bool UpdateKeyState(KeyState_t event, uint32_t now);
     void SetAllKeysUp();
 
     // The flag and the listener are written from the application's thread and
@@ -65,6 +69,10 @@ private:
     std::atomic<IKeyPress*> listener_{nullptr};
     log4cpp::Category& log_;
     std::map<Key_e, KeyState_e> keyStates_;
+    // Guards the key table and hold fields: SetQuiesce resets them from the
+    // application's thread while the watcher may be using them. Never held
+    // while the listener runs.
+    std::mutex stateMutex_;
     KT::CMsgQ<KeyState_t> queue_;
     KT::CThread thread_;
     TickSource tick_;

@@ -14,7 +14,7 @@ class Category;
 namespace FP {
 
 // The panel controller's operations as methods, and its unsolicited reports
-// (temperature, fan speeds, keys, start-up) handed on to listeners.
+// (temperature, fan speeds, keys, start-up) passed on to listeners.
 class FpControl {
 public:
     enum Fan_e { FAN_1 = 0, FAN_2 = 1, FAN_3 = 2 };

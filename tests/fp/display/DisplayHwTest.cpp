@@ -10,9 +10,10 @@ class RecordingAdapter : public FP::IFpAdapter {
 public:
     void SetResponseHandler(unsigned char, Handler const&) override {}
     bool SendCommand(unsigned char op, Payload const& payload) override {
-        std::string frame(1, static_cast<char>(op));
-        frame.append(reinterpret_cast<const char*>(payload.Data()), payload.Length());
-        frames.push_back(frame);
+        frames.push_back(std::string(1, static_cast<char>(op)));
+        for (size_t i = 0; i < payload.Length(); ++i) {
+            frames.back() += static_cast<char>(payload[i]);
+        }
         return true;
     }
     Payload SendRequest(unsigned char, Payload const&) override { return Payload(); }
@@ -43,18 +44,17 @@ class DisplayHwTest : public ::testing::Test {
 protected:
     RecordingAdapter adapter;
     FP::FpControl control{adapter};
+    FP::DisplayHw hw{control, 20, 4};
+    const Frames atConstruction = adapter.Take();
 };
 
 }  // namespace
 
 TEST_F(DisplayHwTest, ConstructionClearsThePanelOnce) {
-    FP::DisplayHw hw(control, 20, 4);
-    EXPECT_EQ(adapter.Take(), Frames{"0"});
+    EXPECT_EQ(atConstruction, Frames{"0"});
 }
 
 TEST_F(DisplayHwTest, LineZeroLeavesRoomForNavigationSymbols) {
-    FP::DisplayHw hw(control, 20, 4);
-    adapter.Take();
     const std::string full = "abcdefghijklmnopqrst";
     hw.SendLineUpdate(full, 0);
     hw.SendLineUpdate(full + "XYZ", 1);
@@ -64,8 +64,6 @@ TEST_F(DisplayHwTest, LineZeroLeavesRoomForNavigationSymbols) {
 }
 
 TEST_F(DisplayHwTest, WindowUpdateSendsBlanksToTheFirstLineBelowTheText) {
-    FP::DisplayHw hw(control, 20, 4);
-    adapter.Take();
     const std::string a(20, 'a'), b(20, 'b'), blank(20, ' ');
     hw.SendWindowUpdate(a + b + "ccc");
     EXPECT_EQ(adapter.Take(), Join({Text(a.substr(0, 17), 0, 0), Text(b, 0, 1), Text(blank, 0, 2),
@@ -73,8 +71,6 @@ TEST_F(DisplayHwTest, WindowUpdateSendsBlanksToTheFirstLineBelowTheText) {
 }
 
 TEST_F(DisplayHwTest, NavigationAndLockSymbols) {
-    FP::DisplayHw hw(control, 20, 4);
-    adapter.Take();
     hw.SendNavSymbols(0x41);
     EXPECT_EQ(adapter.Take(), Join({Text("\x83  ", 17, 0), Text("\x80  ", 17, 0)}));
     hw.SendNavSymbols(0x40);
@@ -95,15 +91,11 @@ TEST_F(DisplayHwTest, NavigationAndLockSymbols) {
 }
 
 TEST_F(DisplayHwTest, ReverseWordsAndBoundaryAreInverted) {
-    FP::DisplayHw hw(control, 20, 2);
-    adapter.Take();
     hw.ShowBoundary();
-    const Frames boundary = Join({{"R\x01"},
-                                  Text(" ", 20, 0),
-                                  {"R\x02"},  //
-                                  {"R\x01"},
-                                  Text(" ", 20, 1),
-                                  {"R\x02"}});
+    Frames boundary;
+    for (char line = 0; line < 4; ++line) {
+        boundary = Join({boundary, {"R\x01"}, Text(" ", 20, line), {"R\x02"}});
+    }
     EXPECT_EQ(adapter.Take(), boundary);
 
     // Through the model: the whole window, then the reverse word.
@@ -113,7 +105,23 @@ TEST_F(DisplayHwTest, ReverseWordsAndBoundaryAreInverted) {
     const std::string blank(20, ' ');
     EXPECT_EQ(adapter.Take(), Join({Text(blank.substr(0, 17), 0, 0),
                                     Text("ok" + blank.substr(2), 0, 1),
+                                    Text(blank, 0, 2),
+                                    Text(blank, 0, 3),
                                     {"R\x01"},
                                     Text("ok", 0, 1),
                                     {"R\x02"}}));
+}
+
+TEST_F(DisplayHwTest, TinyPanels) {
+    FP::DisplayHw flat(control, 2, 0);
+    adapter.Take();
+    flat.ShowBoundary();
+    flat.SendWindowUpdate("abc");
+    flat.SendLineUpdate("abc", 0);  // narrower than the symbol columns: no text
+    EXPECT_EQ(adapter.Take(), Text("", 0, 0));
+
+    FP::DisplayHw narrow(control, 0, 2);
+    adapter.Take();
+    narrow.SendWindowUpdate("abc");
+    EXPECT_EQ(adapter.Take(), Join({Text("", 0, 0), Text("", 0, 0)}));
 }

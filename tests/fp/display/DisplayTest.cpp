@@ -135,3 +135,29 @@ TEST(Display, WindowSwitchingAndNullWindow) {
     EXPECT_TRUE(d.SelectWindow(0));
     EXPECT_EQ(d.Take(), Sent{});  // same text as last sent
 }
+
+// Degenerate sizes must not touch memory outside the buffers (run under ASan).
+TEST(Display, DegenerateSizesStayInBounds) {
+    RecordingDisplay d(4, 1);
+    d.CreateDisplayWindow(1, 5, 0);
+    d.CreateDisplayWindow(2, 2, 1);
+    d.CreateDisplayWindow(3, 0, 0);
+    for (int id : {1, 2, 3}) {
+        ASSERT_TRUE(d.SelectWindow(id));
+        d.ClearDisplay();
+        d.ClearLine(0);
+        d.WriteLine("abcdef", 0, FP::CENTER, 2);
+        d.WriteWord("abcdef", 0, 0);
+        d.WriteChar('z', 0, 1);
+        d.WriteBlock("ab cd ef", 0, FP::RIGHT_JUSTIFY, 1, ' ');
+        d.SendLine(0);
+        d.SendLine(3);
+        d.ForceUpdate();
+    }
+    // The narrow window: the line is cut at the end of its buffer.
+    EXPECT_TRUE(d.SelectWindow(2));
+    d.WriteWord("xyz", 0, 0);
+    d.Take();
+    d.SendLine(0);
+    EXPECT_EQ(d.Take(), Sent{"line 0 [xy]"});
+}

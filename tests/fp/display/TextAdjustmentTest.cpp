@@ -29,7 +29,6 @@ TEST(TextAdjustment, JustifiesPadsAndNeverCuts) {
         {10, "abc", 2, &TextAdjustment::RightJustifyLine, "         abc", 7},
         {10, "abcdefghijkl", 1, &TextAdjustment::CenterLine, " abcdefghijkl", 0},
         {10, "abcdefghijkl", 1, &TextAdjustment::RightJustifyLine, " abcdefghijkl", 0},
-        {10, "abcdefghijkl", 0, &TextAdjustment::LeftJustifyLine, "abcdefghijkl", 0},
         {10, "", 0, &TextAdjustment::CenterLine, "          ", 5},
         {0, "ab", 0, &TextAdjustment::RightJustifyLine, "ab", 0},
         {1, "", 0, &TextAdjustment::RightJustifyLine, " ", 1},
@@ -63,7 +62,6 @@ TEST(TextAdjustment, SplitStringBreaksBeforeTheWidthIsFilled) {
         {"a-b-c", 4, '-', {"a-b", "c"}},
         {"", 8, ' ', {}},
         {"ab cd", 0, ' ', {"ab", "cd"}},
-        {"a b", 1, ' ', {"a", "b"}},
     };
     for (const Case& c : cases) {
         Lines lines;

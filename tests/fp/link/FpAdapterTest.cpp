@@ -1,0 +1,215 @@
+#include "fp/link/FpAdapter.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <chrono>
+#include <future>
+#include <string>
+#include <thread>
+
+#include "tests/fp/link/LinkPeer.h"
+#include "tests/support/LogCapture.h"
+
+using FP::FpAdapter;
+using fptest::Bytes;
+using Payload = FP::IFpAdapter::Payload;
+
+namespace {
+
+Payload P(Bytes const& b) {
+    return Payload(b.data(), b.size());
+}
+Bytes B(Payload const& p) {
+    return Bytes(p.Data(), p.Data() + p.Length());
+}
+using Frame = std::pair<unsigned char, Bytes>;
+
+// The adapter on a socket pair whose controller end stays silent unless a test
+// writes to it, so the parser can also be fed directly from the test thread.
+struct AdapterTest : ::testing::Test {
+    fptest::LinkPeer link;
+    fptest::LogCapture log{"fpcontrol"};
+    FpAdapter adapter{link.ours};
+    std::vector<Frame> seen;  // frames handed to handlers on the test thread
+
+    void Record(unsigned char op) {
+        adapter.SetResponseHandler(op, [this, op](Payload const& p) {
+            seen.push_back({op, B(p)});
+        });
+    }
+    bool Feed(Bytes const& chunk) { return adapter.ReceiveBytes(chunk.data(), chunk.size()); }
+};
+
+TEST_F(AdapterTest, FramesAndEscapesOutgoingBytesButNeverTheOpcode) {
+    EXPECT_TRUE(adapter.SendCommand(0x7E, P({0x09, 0x7D, 0x7E, 0x41})));
+    EXPECT_TRUE(adapter.SendCommand('0', Payload()));
+    EXPECT_EQ(link.Drain(), (Bytes{0x09, 0x7E, 0x7D, 0x29, 0x7D, 0x5D, 0x7D, 0x5E, 0x41, 0x7E,  //
+                                   0x09, '0', 0x7E}));
+    for (unsigned b = 0; b < 256; ++b)
+        EXPECT_EQ(FpAdapter::IsFrameByte(b), b == 0x09 || b == 0x7D || b == 0x7E) << b;
+}
+
+TEST_F(AdapterTest, OutgoingPayloadMustEscapeToAtMost509Bytes) {
+    Bytes fits(254, 0x7E);
+    fits.push_back(1);  // 254 * 2 + 1 = 509
+    EXPECT_TRUE(adapter.SendCommand('T', P(fits)));
+    EXPECT_EQ(link.Drain().size(), 512u);
+
+    Bytes escapesOver(255, 0x7D);
+    EXPECT_FALSE(adapter.SendCommand('T', P(escapesOver)));
+    EXPECT_FALSE(adapter.SendCommand('T', P(Bytes(510, 'a'))));
+    EXPECT_TRUE(link.Drain().empty());
+    EXPECT_EQ(log.Count("SendCommand() Payload of ", true), 2u);
+}
+
+TEST_F(AdapterTest, ParserKeepsStateAcrossChunks) {
+    Record('K');
+    Record('C');
+    // An escape at the very end of a chunk applies to the first byte of the next.
+    EXPECT_FALSE(Feed({0x09, 'K', 0x7D}));
+    EXPECT_FALSE(Feed({0x29, 0x01}));
+    EXPECT_TRUE(seen.empty());
+    EXPECT_TRUE(Feed({0x7E}));
+    // A start byte inside a frame delivers what came so far; two frames in one
+    // chunk arrive in order.
+    EXPECT_TRUE(Feed({0x09, 'C', 0x05, 0x09, 'K', 0x7D, 0x5E, 0x7E, 0x09, 'C', 0x7E}));
+    EXPECT_EQ(seen,
+              (std::vector<Frame>{{'K', {0x09, 0x01}}, {'C', {0x05}}, {'K', {0x7E}}, {'C', {}}}));
+    EXPECT_TRUE(log.Entries().empty());
+}
+
+TEST_F(AdapterTest, StrayBytesAreLoggedWithTheirIndexInTheChunk) {
+    Record('K');
+    EXPECT_TRUE(Feed({0xAA, 0x7E, 0x09, 'K', 0x01, 0x7E, 0x00}));
+    EXPECT_TRUE(Feed({0x41}));
+    EXPECT_EQ(seen, (std::vector<Frame>{{'K', {0x01}}}));
+    auto entries = log.Entries();
+    ASSERT_EQ(entries.size(), 4u);
+    const char* expected[] = {"Expected Frame Start at 0", "Expected Frame Start at 1",
+                              "Expected Frame Start at 6", "Expected Frame Start at 0"};
+    for (size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(entries[i].message, expected[i]);
+        EXPECT_EQ(entries[i].priority, "ERROR");
+    }
+}
+
+TEST_F(AdapterTest, EmptyAndOverlongFramesAreDroppedWithALine) {
+    Record('K');
+    EXPECT_TRUE(Feed({0x09, 0x7E}));
+    EXPECT_TRUE(log.Contains("ReceiveBytes() Empty frame dropped"));
+
+    Bytes huge{0x09, 'K'};
+    huge.insert(huge.end(), 2000, 0x33);
+    huge.push_back(0x7E);
+    EXPECT_TRUE(Feed(huge));
+    EXPECT_EQ(log.Count("ReceiveBytes() Frame longer than 512 bytes dropped"), 1u);
+    EXPECT_EQ(log.Count("Expected Frame Start at ", true), 0u);
+
+    // 512 collected bytes (op + 511) is still a frame.
+    Bytes largest{0x09, 'K'};
+    largest.insert(largest.end(), 511, 0x33);
+    largest.push_back(0x7E);
+    EXPECT_TRUE(Feed(largest));
+    ASSERT_EQ(seen.size(), 1u);
+    EXPECT_EQ(seen[0].second.size(), 511u);
+}
+
+// Through the socket and the read thread from here on.
+
+TEST_F(AdapterTest, RequestIsAnsweredAndStrayResponsesGoToHandlers) {
+    fptest::Collected<Bytes> handled;
+    adapter.SetResponseHandler('A', [&](Payload const& p) { handled.Add(B(p)); });
+    link.Send({0x09, 'A', 0x07, 0x7E});  // nobody asked: goes to the handler
+    EXPECT_EQ(handled.WaitFor(1), (std::vector<Bytes>{{0x07}}));
+
+    auto reply = std::async(std::launch::async, [&] { return adapter.SendRequest('A', P({1})); });
+    EXPECT_EQ(link.Take(4), (Bytes{0x09, 'A', 0x01, 0x7E}));
+    link.Send({0x09, 'A', 0x7D, 0x29, 0x7E});
+    EXPECT_EQ(B(reply.get()), (Bytes{0x09}));
+    EXPECT_EQ(handled.WaitFor(1).size(), 1u);
+}
+
+TEST_F(AdapterTest, LateAnswerOfATimedOutRequestGoesToTheNextRequest) {
+    auto first = std::async(std::launch::async, [&] { return adapter.SendRequest('A', {}, 50); });
+    EXPECT_EQ(link.Take(3), (Bytes{0x09, 'A', 0x7E}));
+    EXPECT_TRUE(first.get().Empty());
+
+    link.Send({0x09, 'A', 0x05, 0x7E});
+    auto second =
+        std::async(std::launch::async, [&] { return adapter.SendRequest('V', {}, 5000); });
+    EXPECT_EQ(B(second.get()), (Bytes{0x05}));
+    EXPECT_TRUE(
+        log.Contains("ReceiveRequestResponse() Expected response operation 0x56. Actual=0x41"));
+    EXPECT_EQ(link.Take(3), (Bytes{0x09, 'V', 0x7E}));
+}
+
+// Requests from several threads while unsolicited frames flow: every request
+// gets exactly one answer and none is lost or duplicated.
+TEST_F(AdapterTest, ConcurrentRequestsWithUnsolicitedTraffic) {
+    constexpr int kThreads = 4, kEach = 40;
+    std::atomic<int> keys{0};
+    adapter.SetResponseHandler('K', [&](Payload const&) { ++keys; });
+
+    std::thread controller([&] {
+        for (int i = 0; i < kThreads * kEach; ++i) {
+            Bytes req = link.Take(5);  // 09 'V' thread index 7E, echoed back
+            if (req.size() != 5)
+                return;
+            link.Send({0x09, 'K', 0x01, 0x01, 0x7E, 0x09, 'V', req[2], req[3], 0x7E});
+        }
+    });
+    std::vector<std::future<std::vector<int>>> requesters;
+    for (int t = 0; t < kThreads; ++t) {
+        requesters.push_back(std::async(std::launch::async, [&, t] {
+            std::vector<int> got;
+            for (int i = 0; i < kEach; ++i) {
+                // Both bytes stay clear of the frame bytes, so requests are 5 bytes.
+                Payload r = adapter.SendRequest(
+                    'V',
+                    P({static_cast<unsigned char>('0' + t), static_cast<unsigned char>(' ' + i)}),
+                    5000);
+                got.push_back(r.Length() == 2 ? (r[0] - '0') * 100 + r[1] - ' ' : -1);
+            }
+            return got;
+        }));
+    }
+    std::vector<int> all;
+    for (auto& r : requesters) {
+        auto got = r.get();
+        all.insert(all.end(), got.begin(), got.end());
+    }
+    controller.join();
+    std::sort(all.begin(), all.end());
+    std::vector<int> expected;
+    for (int t = 0; t < kThreads; ++t)
+        for (int i = 0; i < kEach; ++i)
+            expected.push_back(t * 100 + i);
+    EXPECT_EQ(all, expected);
+    EXPECT_EQ(keys.load(), kThreads * kEach);
+}
+
+TEST(AdapterLifetime, DestructionReturnsPromptlyWhileBlockedOrAfterTheLinkDied) {
+    fptest::LinkPeer link;
+    fptest::LogCapture log{"fpcontrol"};
+    auto start = std::chrono::steady_clock::now();
+    { FpAdapter blocked(link.ours); }
+    EXPECT_FALSE(log.Contains("Read failed. Pausing thread."));
+
+    {
+        FpAdapter adapter(link.ours);
+        ::shutdown(link.peer.GetFd(), SHUT_WR);  // the controller stops talking
+        for (int i = 0; i < 500 && !log.Contains("Read failed. Pausing thread."); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_EQ(log.Count("Read failed. Pausing thread."), 1u);
+        EXPECT_TRUE(adapter.SendRequest('A', {}, 20).Empty());  // written, never answered
+
+        link.peer.Close();  // now writes fail too: no wait, nothing left queued
+        EXPECT_FALSE(adapter.SendCommand('B', P({1})));
+        EXPECT_TRUE(adapter.SendRequest('A', {}).Empty());
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+}
+
+}  // namespace

@@ -1,0 +1,139 @@
+#include "fp/link/FpControl.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <string>
+#include <utility>
+
+#include "fp/link/FpAdapter.h"
+#include "tests/fp/link/LinkPeer.h"
+#include "tests/support/LogCapture.h"
+
+using FP::FpControl;
+using fptest::Bytes;
+
+namespace {
+
+// The real adapter on a socket pair; the test plays the controller.
+struct ControlTest : ::testing::Test {
+    fptest::LinkPeer link;
+    fptest::LogCapture log{"fpcontrol"};
+    FP::FpAdapter adapter{link.ours};
+    FpControl control{adapter};
+
+    // Runs a request on another thread, checks its frame and answers it.
+    template <class F>
+    auto Ask(F request, unsigned char op, Bytes const& answer) {
+        auto result = std::async(std::launch::async, request);
+        EXPECT_EQ(link.Take(3), (Bytes{0x09, op, 0x7E}));
+        Bytes frame{0x09, op};
+        frame.insert(frame.end(), answer.begin(), answer.end());
+        frame.push_back(0x7E);
+        link.Send(frame);
+        return result.get();
+    }
+};
+
+TEST_F(ControlTest, CommandWireBytes) {
+    EXPECT_TRUE(control.ClearDisplay());
+    EXPECT_TRUE(control.SetLed(FpControl::LED_3, false));
+    EXPECT_TRUE(control.SetLed(FpControl::LED_1, true));
+    EXPECT_TRUE(control.SetUnitStatus(FpControl::STATUS_WARNING));
+    EXPECT_TRUE(control.SetBrightness(0x7E));
+    EXPECT_TRUE(control.SetTesselFanState(false));
+    EXPECT_TRUE(control.SetTesselFanState(true));
+    EXPECT_TRUE(control.InvertFont(false));
+    EXPECT_EQ(link.Drain(),
+              (Bytes{0x09, '0',  0x7E, 0x09, 'L',  3,    2,    0x7E, 0x09, 'L',  1,    1,
+                     0x7E, 0x09, 'U',  2,    0x7E, 0x09, 'B',  0x7D, 0x5E, 0x7E, 0x09, 'E',
+                     0,    0x7E, 0x09, 'E',  1,    0x7E, 0x09, 'R',  2,    0x7E}));
+
+    EXPECT_TRUE(control.DisplayText("A\t}~", 3, 9, true));
+    EXPECT_EQ(link.Drain(), (Bytes{0x09, 'R',  1,    0x7E, 0x09, 'X',  3,   0x7E, 0x09,
+                                   'Y',  0x7D, 0x29, 0x7E, 0x09, 'T',  'A', 0x7D, 0x29,
+                                   0x7D, 0x5D, 0x7D, 0x5E, 0x7E, 0x09, 'R', 2,    0x7E}));
+    EXPECT_TRUE(control.DisplayText("", 0, 1, false));
+    EXPECT_EQ(link.Drain(), (Bytes{0x09, 'X', 0, 0x7E, 0x09, 'Y', 1, 0x7E, 0x09, 'T', 0x7E}));
+}
+
+TEST_F(ControlTest, RequestAnswersAreDecoded) {
+    EXPECT_FLOAT_EQ(Ask([&] { return control.GetTesselSlotVoltage(); }, 'D', {0x40, 0x48, 0, 0}),
+                    3.125f);
+    EXPECT_EQ(Ask([&] { return control.GetVersion(); }, 'V', {'1', '.', '2', 0, 'A'}), "1.2");
+    EXPECT_EQ(Ask([&] { return control.GetVersion(); }, 'V', {'3', '4'}), "34");
+    EXPECT_EQ(Ask([&] { return control.GetTesselSlotId(); }, 'A', {0x7D, 0x5D}), 0x7D);
+    EXPECT_EQ(Ask([&] { return control.GetDisplayType(); }, 'I', {2}), 2);
+    EXPECT_TRUE(log.Entries().empty());
+
+    // An answer without payload counts as no answer.
+    EXPECT_EQ(Ask([&] { return control.GetTesselSlotId(); }, 'A', {}), 0);
+    EXPECT_EQ(Ask([&] { return control.GetTesselSlotVoltage(); }, 'D', {}), 0.0f);
+    EXPECT_EQ(Ask([&] { return control.GetDisplayType(); }, 'I', {}), 0);
+    EXPECT_EQ(Ask([&] { return control.GetVersion(); }, 'V', {}), "");
+    EXPECT_EQ(log.Messages(),
+              (std::vector<std::string>{"Failed to read Tessel Slot Id.",
+                                        "Failed to read Tessel Slot Voltage.",
+                                        "GetDisplayType() Failed to receive a response.",
+                                        "GetVersion() Failed to receive a response."}));
+}
+
+TEST_F(ControlTest, StatusSubscriptionAndReports) {
+    fptest::Collected<int> temps;
+    fptest::Collected<std::pair<int, int>> fans;
+    FpControl::TemperatureDelegate onTemp([&](short t) { temps.Add(t); });
+    FpControl::FanSpeedDelegate onFan([&](FpControl::Fan_e f, unsigned short s) {
+        fans.Add({f, s});
+    });
+
+    control.SubscribeToStatusUpdates(0, true, {FpControl::FAN_1}, onTemp, onFan);
+    control.SubscribeToStatusUpdates(5, false, {}, onTemp, onFan);
+    EXPECT_TRUE(link.Drain().empty());
+
+    control.SubscribeToStatusUpdates(5, true, {FpControl::FAN_3, FpControl::FAN_1}, onTemp, onFan);
+    EXPECT_EQ(link.Drain(), (Bytes{0x09, 'P', 0, 0x7E, 0x09, 'P', 5, 0x0B, 0x7E}));
+    EXPECT_TRUE(log.Contains("SubscribeToStatusUpdates() done"));
+
+    // Short reports read their missing bytes as zero; 'G' was not subscribed.
+    link.Send({0x09, 'C',  0xFF, 0xF6, 0x7E, 0x09, 'F',  0x12, 0x34, 0x7E, 0x09, 'G', 1,
+               1,    0x7E, 0x09, 'H',  0x07, 0x7E, 0x09, 'C',  0xFF, 0x7E, 0x09, 'F', 0x7E});
+    EXPECT_EQ(temps.WaitFor(2), (std::vector<int>{-10, -256}));
+    EXPECT_EQ(fans.WaitFor(3), (std::vector<std::pair<int, int>>{{0, 4660}, {2, 0x0700}, {0, 0}}));
+
+    // Unsubscribed: reports are ignored. A key frame marks when they were seen.
+    control.UnsubscribeFromStatusUpdates();
+    EXPECT_EQ(link.Drain(), (Bytes{0x09, 'P', 0, 0x7E}));
+    fptest::Collected<int> marker;
+    control.SetKeyPressHandler(
+        FpControl::KeyDelegate([&](FP::Key_e k, FP::KeyState_e) { marker.Add(k); }));
+    link.Send({0x09, 'C', 0, 1, 0x7E, 0x09, 'F', 0, 1, 0x7E, 0x09, 'K', 1, 1, 0x7E});
+    EXPECT_EQ(marker.WaitFor(1).size(), 1u);
+    EXPECT_EQ(temps.WaitFor(2, 0).size(), 2u);
+    EXPECT_EQ(fans.WaitFor(3, 0).size(), 3u);
+}
+
+TEST_F(ControlTest, KeyAndStartupListeners) {
+    fptest::Collected<std::string> calls;
+    auto listener = [&](std::string name) {
+        return FpControl::KeyDelegate([&calls, name](FP::Key_e k, FP::KeyState_e s) {
+            calls.Add(name + ":" + std::to_string(k) + "/" + std::to_string(s));
+        });
+    };
+    control.SetKeyPressHandler(listener("first"));
+    control.SetKeyPressHandler(listener("second"));  // goes in front, so runs last
+    control.SetInitHandler(FpControl::InitDelegate([&] { calls.Add("init"); }));
+
+    link.Send({0x09, 'K', FP::KEY_ENTER, FP::KEY_STATE_DOWN, 0x7E, 0x09, 'K', 72, 0x7E,  //
+               0x09, 'i', 0x7E});
+    EXPECT_EQ(calls.WaitFor(5), (std::vector<std::string>{"first:6/1", "second:6/1", "first:72/0",
+                                                          "second:72/0", "init"}));
+
+    control.ClearKeyPressHandler();
+    control.ClearInitHandler();
+    link.Send({0x09, 'K', 1, 1, 0x7E, 0x09, 'i', 0x7E});
+    // Nothing observable marks their arrival; a request answered behind them does.
+    EXPECT_EQ(Ask([&] { return control.GetDisplayType(); }, 'I', {1}), 1);
+    EXPECT_EQ(calls.WaitFor(6, 0).size(), 5u);
+}
+
+}  // namespace
