@@ -16,12 +16,12 @@ enum DrawLine_e : int32_t { DRAW_LINE_NONE = 0 };
 // What a cursor shows and how up and down move it. Inside the cursor every
 // value other than 2, 3 and 4 behaves like CURSOR_MENU.
 enum CursorType_e : int32_t {
-    CURSOR_NONE = -1,    // the menu draws no cursor and ignores up and down
-    CURSOR_MENU = 0,     // cursorChar in the cursor column
-    CURSOR_MENU_ALT = 1, // the same
-    CURSOR_EDIT = 2,     // the selected character of a value in reverse video
-    CURSOR_SCROLL = 3,   // no visible cursor; up/down scroll the list
-    CURSOR_PAGE = 4      // no visible cursor; up/down page the list
+    CURSOR_NONE = -1,     // the menu draws no cursor and ignores up and down
+    CURSOR_MENU = 0,      // cursorChar in the cursor column
+    CURSOR_MENU_ALT = 1,  // the same
+    CURSOR_EDIT = 2,      // the selected character of a value in reverse video
+    CURSOR_SCROLL = 3,    // no visible cursor; up/down scroll the list
+    CURSOR_PAGE = 4       // no visible cursor; up/down page the list
 };
 
 }  // namespace FP
