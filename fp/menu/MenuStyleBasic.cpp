@@ -113,7 +113,9 @@ void MenuStyleBasic::DrawScreen(DrawScreen_e mode) {
             }
         }
     }
-    if (cursor.GetCursorType() != CURSOR_NONE) {
+    // An empty menu has nothing to point at; its cursor would land on the
+    // title row.
+    if (cursor.GetCursorType() != CURSOR_NONE && lines.GetNumLiveLines() > 0) {
         cursor.DrawCursor(cursor.GetCursorPosition(), std::string());
     }
     scrollBar.DrawBar();
