@@ -93,8 +93,8 @@ void ScrollLine::DrawLine(int row) {
     if (hasSuffix) {
         text += suffix;
     }
-    // One character more than the row holds: it runs onto the next row's
-    // first column, which that row's own drawing covers.
+    // The room is one wider than the row: the last character spills into
+    // column 0 below, and drawing that row overwrites it.
     const int room = lineWidth - col > 0 ? lineWidth - col : 0;
     if (static_cast<int>(text.size()) > room) {
         // A scroll position past the text shows nothing rather than failing.

@@ -11,9 +11,9 @@ namespace FP {
 
 class FpClient;
 
-// The abstract base of every menu line: caption, value as text, optional
-// suffix, per-key handlers, edit mode, an in-line edit cursor and an optional
-// binding to one data-engine variable (name and instance).
+// Base of all menu rows: a label, a value rendered as text, an optional unit
+// text, handlers per key, an edit state with its own character cursor, and
+// optionally one engine variable that the row reads and writes.
 class BaseLine {
 public:
     BaseLine();

@@ -8,10 +8,10 @@ namespace FP {
 
 class BaseLine;
 
-// The lines of one menu, kept twice: every line in its place (allLines), and
-// the live ones that are shown and walked (liveLines). Each entry's index is
-// its position among all lines; the live list keeps the same values, so
-// skipping and using lines touch only the live list.
+// A menu's rows in two lists: allLines holds every row at its fixed place,
+// liveLines the rows currently shown, in the same order. Entries carry their
+// place in allLines as index, so hiding and showing a row edits liveLines
+// only.
 //
 // Owns every line in allLines: DestroyContainer and ReplaceLine delete them;
 // RemoveLine and EmptyContainer hand them back to the caller.
@@ -48,7 +48,7 @@ public:
     BaseLine* GetLine(int i) const;
     int GetNumLiveLines() const { return static_cast<int>(liveLines.size()); }
     int GetNumTotalLines() const { return static_cast<int>(allLines.size()); }
-    // The index of live entry i, or 0 when there is none.
+    // Full-list place of the i-th shown row; 0 for a row that does not exist.
     int GetLineIndex(int i) const;
     int GetLiveLineIndex(BaseLine* line) const;
     int GetLineIndex(BaseLine* line) const;

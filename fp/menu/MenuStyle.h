@@ -40,7 +40,7 @@ public:
 
     // A centred title showing text.
     void SetTitle(const std::string& text);
-    // A centred title showing caption and the bound variable's value.
+    // A centred title: caption, then the value of dbName/dbInstance.
     void SetTitle(const std::string& caption, const std::string& dbName,
                   const std::string& dbInstance);
     BaseLine* GetTitle() const { return title; }
@@ -79,8 +79,8 @@ public:
     bool MoveCursorUp() { return cursor.MoveCursorUp(); }
     bool MoveCursorDown() { return cursor.MoveCursorDown(); }
     void SetSelectedItem(int i) { cursor.SetSelectedItem(i); }
-    // Uses the line's position among all lines as its live position; the two
-    // agree while no earlier line is skipped.
+    // Selects by the line's place in the full list, which is its live place
+    // only while no row above it is hidden.
     void SetSelectedItem(BaseLine* line);
 
 protected:

@@ -153,7 +153,8 @@ std::string MenuStyleBasic::KeyPress(const KeyState_t& event) {
             }
             const bool up = event.key == KEY_UP;
             up ? cursor.MoveCursorUp() : cursor.MoveCursorDown();
-            // One unselectable line is stepped over, not a run of them.
+            // Jump a single row that cannot be selected; the redraw deals
+            // with longer stretches.
             BaseLine* line = SelectedLine();
             if (line && !line->GetSelectable()) {
                 up ? cursor.MoveCursorUp() : cursor.MoveCursorDown();
