@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "fp/menu/BaseLine.h"
+
+namespace FP {
+
+// A read-only value that may be longer than its row; left and right scroll
+// it sideways without entering edit mode, up, down and exit scroll it back.
+class ScrollLine : public BaseLine {
+public:
+    ScrollLine();
+    explicit ScrollLine(std::string value);
+    // Bound to a variable and loaded at once (empty until a client is set).
+    ScrollLine(std::string dbName, std::string dbInstance);
+    ~ScrollLine() override;
+
+    bool KeyPress(const KeyState_t& key) override;
+    using BaseLine::SetCurrentValue;
+    bool SetCurrentValue(const std::string& v) override;
+    bool SetCurrentValue(int n);
+    std::string GetCurrentString() const override { return value; }
+    void DrawLine(int row) override;
+    void DrawCursor(int /*line*/) override {}
+    void EraseCursor(int /*line*/) override {}
+
+    // The value's length, not a parsed number.
+    int GetCurrentNumber() const { return static_cast<int>(value.size()); }
+    unsigned int GetScrollPos() const { return scrollPos; }
+
+    // As in BaseLine, keeping the scroll bound in step with caption and
+    // suffix.
+    void SetVariableName(const std::string& name);
+    void SetSuffix(const std::string& s);
+
+private:
+    std::string value;
+    uint32_t scrollPos;
+    int32_t textLength;
+};
+
+}  // namespace FP

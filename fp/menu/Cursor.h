@@ -1,0 +1,80 @@
+#pragma once
+
+#include <string>
+
+#include "fp/menu/MenuTypes.h"
+
+namespace FP {
+
+class Display;
+
+// A selection over a list of items shown on a range of display lines. Menu
+// styles walk their lines with it; every line walks the characters of its
+// value with one while editing (then "position" is a column offset and the
+// cursor column is the display line).
+//
+// The menu walk keeps itemAtTopLine == cursorIndex - (cursorPosition - topLine).
+class Cursor {
+public:
+    enum SetCursorIndex_e { CURSOR_PREVIOUS = 0, CURSOR_NEXT = 1 };
+
+    Cursor();
+
+    void SetDisplay(Display* d) { display = d; }
+    void SetCursorType(CursorType_e type) { cursorType = type; }
+    CursorType_e GetCursorType() const { return cursorType; }
+    void SetCursorChar(unsigned char c) { cursorChar = c; }
+    unsigned char GetCursorChar() const { return cursorChar; }
+    void SetCursorColumn(int column) { cursorColumn = column; }
+    int GetCursorColumn() const { return cursorColumn; }
+
+    // Stores the position only.
+    void SetCursorPosition(int position) { cursorPosition = position; }
+    // Selects index at position; an index past the list resets the cursor.
+    void SetCursorPosition(int index, int position);
+    // One step of the walk, wrapping at both ends. True when the list
+    // scrolled (itemAtTopLine changed) and must be redrawn.
+    bool SetCursorPosition(SetCursorIndex_e direction);
+
+    int GetItemCount() const { return lastItem + 1; }
+    int GetCursorIndex() const { return cursorIndex; }
+    int GetCursorPosition() const { return cursorPosition; }
+    int GetItemAtTopLine() const { return itemAtTopLine; }
+    int GetTopLine() const { return topLine; }
+    int GetBottomLine() const { return bottomLine; }
+
+    void SetItemCount(int n);
+    void SetDisplayLines(int top, int bottom);
+    void ResetCursor();
+    void SetSelectedItem(int i);
+
+    bool MoveCursorUp();
+    bool MoveCursorDown();
+    bool MoveCursorLeft();
+    bool MoveCursorRight();
+
+    // Selects the last-but-one item (item 0 for fewer than three items).
+    void SelectLastPos();
+    // Display lines the list uses.
+    int GetTotalLines() const;
+
+    // line is the display line for the menu types and a column offset for
+    // CURSOR_EDIT; text is the value whose selected character is shown.
+    void DrawCursor(int line, const std::string& text);
+    void EraseCursor(int line);
+
+private:
+    Display* display;
+    int cursorIndex;
+    int lastItem;
+    int itemAtTopLine;
+    int cursorPosition;
+    int topLine;
+    int bottomLine;
+    int cursorColumn;
+    int lastDrawnPosition;
+    unsigned char cursorChar;
+    CursorType_e cursorType;
+};
+
+}  // namespace FP

@@ -1,0 +1,267 @@
+#include <gtest/gtest.h>
+
+#include "fp/lines/DisplayLine.h"
+#include "fp/lines/ScrollLine.h"
+#include "fp/menu/MenuStyleBasic.h"
+#include "fp/screens/FpClient.h"
+#include "tests/support/ScreenText.h"
+#include "tov/DataStore.h"
+#include "tov/TovClient.h"
+
+namespace {
+
+using FP::DisplayLine;
+using fptest::ScreenText;
+
+FP::KeyState_t Key(FP::Key_e k) {
+    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
+}
+
+struct CountedLine : DisplayLine {
+    CountedLine(const std::string& v, int* deaths) : DisplayLine(v), deaths(deaths) {}
+    ~CountedLine() override { ++*deaths; }
+    int* deaths;
+};
+
+// A menu on a real display model, bound to the embedded data engine.
+class MenuTest : public ::testing::Test {
+protected:
+    explicit MenuTest(unsigned int w = 20, unsigned int h = 4) : display(w, h) {
+        store.Declare(TOV::CVarDecl("unit.name").Default("alpha"));
+        store.Declare(TOV::CVarDecl("unit.speed").Default("12"));
+        client.Attach();
+        menu.SetDisplay(&display);
+        menu.SetClient(&client);
+        menu.SetTitle("Setup");
+    }
+    ~MenuTest() override {
+        delete menu.GetTitle();  // the style never deletes its title
+        client.Detach();
+    }
+    // Adds lines named A, B, ... with values a, b, ...
+    std::vector<DisplayLine*> AddLines(int n) {
+        std::vector<DisplayLine*> added;
+        for (int i = 0; i < n; ++i) {
+            const char c = static_cast<char>('A' + menu.GetTotalLines());
+            added.push_back(new DisplayLine(std::string(1, c + 32)));
+            menu.AddLine(added.back(), std::string(1, c) + ":");
+        }
+        return added;
+    }
+    void Press(FP::Key_e k, int times = 1) {
+        while (times-- > 0)
+            EXPECT_EQ(menu.KeyPress(Key(k)), "No Screen");
+    }
+    std::string Draw() {
+        menu.DrawScreen(FP::DRAW_FULL);
+        return ScreenText(display);
+    }
+
+    TOV::CDataStore store;
+    TOV::CTovClient tov{store};
+    FP::FpClient client{&tov};
+    fptest::TextDisplay display;
+    FP::MenuStyleBasic menu;
+};
+
+TEST_F(MenuTest, ShortMenuUsesOnlyItsRowsAndDrawsNoArrows) {
+    AddLines(2);
+    EXPECT_EQ(Draw(),
+              "        Setup\n"
+              ">A:a\n"
+              " B:b\n");
+    EXPECT_EQ(display.navMasks.back(), 6);
+}
+
+TEST_F(MenuTest, AddingALineWhileTheAreaGrowsReturnsToTheFirst) {
+    AddLines(2);
+    Press(FP::KEY_DOWN);
+    EXPECT_EQ(menu.GetCursorIndex(), 1);
+    AddLines(1);
+    EXPECT_EQ(menu.GetCursorIndex(), 0);
+}
+
+TEST_F(MenuTest, ScrollsALongMenuAndWrapsAtBothEnds) {
+    AddLines(6);
+    EXPECT_EQ(Draw(),
+              "        Setup\n"
+              ">A:a\n"
+              " B:b\n"
+              " C:c              v");
+    Press(FP::KEY_DOWN, 3);
+    EXPECT_EQ(ScreenText(display),
+              "        Setup\n"
+              " B:b              ^\n"
+              " C:c\n"
+              ">D:d              v");
+    Press(FP::KEY_DOWN, 3);  // past the end: back to the top
+    EXPECT_EQ(ScreenText(display), Draw());
+    EXPECT_EQ(menu.GetCursorIndex(), 0);
+    EXPECT_EQ(ScreenText(display),
+              "        Setup\n"
+              ">A:a\n"
+              " B:b\n"
+              " C:c              v");
+    Press(FP::KEY_UP);  // before the start: the last line
+    EXPECT_EQ(ScreenText(display),
+              "        Setup\n"
+              " D:d              ^\n"
+              " E:e\n"
+              ">F:f");
+}
+
+TEST_F(MenuTest, StepsOverUnselectableLinesAndSendsEachLinesMask) {
+    auto l = AddLines(4);
+    for (int i = 0; i < 4; ++i)
+        l[i]->SetHoverNavMask(static_cast<unsigned char>(1 << i));
+    l[0]->SetSelectable(false);
+    Draw();  // a full draw steps off an unselectable first line
+    EXPECT_EQ(menu.GetCursorIndex(), 1);
+    l[0]->SetSelectable(true);
+    l[2]->SetSelectable(false);
+    Press(FP::KEY_DOWN);  // B, over C, to D
+    EXPECT_EQ(menu.GetCursorIndex(), 3);
+    Press(FP::KEY_UP);  // D, over C, to B
+    EXPECT_EQ(menu.GetCursorIndex(), 1);
+    l[1]->SetSelectable(false);
+    menu.ResetCursor();
+    Press(FP::KEY_DOWN);  // the key stops on C, the redraw moves on to D
+    EXPECT_EQ(menu.GetCursorIndex(), 3);
+    EXPECT_EQ(display.navMasks, (std::vector<unsigned char>{2, 8, 2, 8}));
+}
+
+TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
+    menu.AddLine(new DisplayLine("eth0"), "Net:", "Network");
+    auto l = AddLines(1);
+    l[0]->SetEditNavMask(0x40);
+    Draw();
+    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_ENTER)), "Network");
+    EXPECT_FALSE(menu.GetEditEnabled());
+    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), "No Screen");
+    menu.SetExitScreen("Main");
+    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), "Main");
+
+    Press(FP::KEY_DOWN);
+    menu.SetEditEnabled(true);
+    EXPECT_TRUE(menu.GetEditEnabled());
+    menu.SetEditEnabled(true);  // no second enter: still editing
+    EXPECT_TRUE(menu.GetEditEnabled());
+    menu.DrawScreen(FP::DRAW_REFRESH);
+    EXPECT_EQ(display.navMasks.back(), 0x40);
+    EXPECT_EQ(ScreenText(display),
+              "        Setup\n"
+              " Net:eth0\n"
+              " B:[b]\n");
+    Press(FP::KEY_EXIT);  // leaves the edit, stays on the screen
+    EXPECT_FALSE(menu.GetEditEnabled());
+    EXPECT_EQ(display.navMasks.back(), 6);
+    EXPECT_EQ(ScreenText(display),
+              "        Setup\n"
+              " Net:eth0\n"
+              ">B:b\n");
+}
+
+TEST_F(MenuTest, SkipsAndUsesLinesUnderTheCursor) {
+    auto l = AddLines(4);
+    l[1]->SetCompanionRow(true);  // B takes C along
+    Press(FP::KEY_DOWN, 3);
+    menu.SkipLine(l[1]);
+    EXPECT_EQ(menu.Count(), 2);
+    EXPECT_FALSE(menu.IsLiveLineActive(l[2]));
+    EXPECT_EQ(menu.GetCursorIndex(), 0);  // D's old position is gone
+    EXPECT_EQ(Draw(),
+              "        Setup\n"
+              ">A:a\n"
+              " D:d\n");
+    Press(FP::KEY_DOWN);
+    menu.SetSkipLine(l[1], false);
+    EXPECT_EQ(menu.GetCursorIndex(), 1);  // still position 1, now B
+    EXPECT_EQ(menu.GetCurrentValue(1), "b");
+    EXPECT_EQ(menu.GetCurrentValue(9), "");
+    menu.SkipLine(3);
+    EXPECT_EQ(Draw(),
+              "        Setup\n"
+              " A:a\n"
+              ">B:b\n"
+              " C:c");
+}
+
+TEST_F(MenuTest, BoundLinesAndTitleAreReadOnEveryDraw) {
+    delete menu.GetTitle();
+    menu.SetTitle("Unit ", "unit.name", "0");
+    auto* speed = new DisplayLine("unit.speed", "0");
+    speed->SetSuffix(" rpm");
+    menu.AddLine(speed, "Speed");
+    auto* name = new FP::ScrollLine("unit.name", "0");
+    menu.AddLine(name);
+    EXPECT_EQ(Draw(),
+              "     Unit alpha\n"
+              ">Speed12 rpm\n"
+              " alpha\n");
+    tov.SendOp("tester", "unit.speed", TOV::COid("0"), "99");
+    tov.SendOp("tester", "unit.name", TOV::COid("0"), "beta");
+    EXPECT_EQ(Draw(),
+              "      Unit beta\n"
+              ">Speed99 rpm\n"
+              " beta\n");
+
+    speed->SendDbData("7");  // writing back is off by default
+    EXPECT_EQ(client.GetData(std::string("unit.speed"), "0"), "99");
+    speed->SetSendDbData(true);
+    speed->SendDbData("7");
+    EXPECT_EQ(client.GetData(std::string("unit.speed"), "0"), "7");
+}
+
+TEST_F(MenuTest, EmptyMenuNeitherCrashesNorChangesScreen) {
+    EXPECT_EQ(Draw(), "        Setup\n\n\n");
+    for (auto k : {FP::KEY_UP, FP::KEY_DOWN, FP::KEY_ENTER, FP::KEY_LEFT})
+        Press(k);
+    menu.UpdateLine(2, false);
+    menu.SetSelectedItem(nullptr);
+    menu.SkipLine(nullptr);
+    DisplayLine spare("x");
+    EXPECT_FALSE(menu.ReplaceLine(&spare, 0, ""));
+    EXPECT_EQ(menu.GetCurrentValue(0), "");
+}
+
+class SmallMenuTest : public MenuTest {
+protected:
+    SmallMenuTest() : MenuTest(16, 2) {}
+};
+
+TEST_F(SmallMenuTest, OneRowScrollsWithBothArrowsInOneCell) {
+    AddLines(3);
+    EXPECT_EQ(Draw(),
+              "      Setup\n"
+              ">A:a          v");
+    Press(FP::KEY_DOWN);
+    EXPECT_EQ(ScreenText(display),
+              "      Setup\n"
+              ">B:b          v");
+    Press(FP::KEY_DOWN);
+    EXPECT_EQ(ScreenText(display),
+              "      Setup\n"
+              ">C:c          ^");
+}
+
+TEST(MenuOwnership, EveryLineDiesOnceAndTheTitleSurvives) {
+    int deaths = 0;
+    fptest::TextDisplay display(16, 2);
+    FP::BaseLine* title = nullptr;
+    {
+        FP::MenuStyleBasic menu;
+        menu.SetDisplay(&display);
+        menu.SetTitle("T");
+        for (int i = 0; i < 4; ++i)
+            menu.AddLine(new CountedLine("v", &deaths));
+        menu.SkipLine(1);
+        EXPECT_TRUE(menu.ReplaceLine(new CountedLine("w", &deaths), 2, "New"));
+        EXPECT_EQ(deaths, 1);
+        title = menu.GetTitle();
+    }
+    EXPECT_EQ(deaths, 5);
+    EXPECT_EQ(title->GetCurrentString(), "T");  // still ours to delete
+    delete title;
+}
+
+}  // namespace
