@@ -44,8 +44,7 @@ int main(int argc, char** argv) {
             std::fputs(FPPANEL::PanelOptions::Usage(argv[0]).c_str(), stdout);
             return 0;
         case FPPANEL::PanelOptions::PARSE_ERROR:
-            std::fprintf(stderr, "fp-panel: %s\n%s", error.c_str(),
-                         FPPANEL::PanelOptions::Usage(argv[0]).c_str());
+            std::fprintf(stderr, "fp-panel: %s (see --help)\n", error.c_str());
             return 2;
         case FPPANEL::PanelOptions::PARSE_OK:
             break;
