@@ -1,0 +1,42 @@
+#pragma once
+
+#include <csignal>
+#include <deque>
+#include <mutex>
+#include <string>
+
+#include "tools/panel/HeldKeyTracker.h"
+#include "tools/panel/PanelOptions.h"
+#include "tools/panel/PanelServer.h"
+
+namespace FPPANEL {
+
+// The terminal screen: draws the panel and turns keys into key messages.
+// Kept thin; what it shows and sends comes from PanelText, KeyMap and
+// HeldKeyTracker.
+class CursesScreen {
+public:
+    CursesScreen(PanelServer& server, const PanelOptions_t& options);
+    ~CursesScreen();
+    CursesScreen(const CursesScreen&) = delete;
+    CursesScreen& operator=(const CursesScreen&) = delete;
+
+    // Until the quit key, or quit becoming non-zero.
+    void Run(volatile std::sig_atomic_t& quit);
+    // Keeps the latest lines for the screen's log area; any thread.
+    void AddLogLine(const std::string& line);
+
+private:
+    void Draw();
+    void Send(const std::vector<HeldKeyTracker::Event_t>& events);
+
+    PanelServer& server_;
+    const PanelOptions_t options_;
+    bool utf8_ = false;
+    HeldKeyTracker tracker_;
+    std::mutex logMutex_;
+    std::deque<std::string> log_;
+    bool logChanged_ = false;
+};
+
+}  // namespace FPPANEL

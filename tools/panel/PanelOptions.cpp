@@ -1,0 +1,175 @@
+#include "tools/panel/PanelOptions.h"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+
+#include "sim/PanelGrid.h"
+
+namespace FPPANEL {
+
+namespace {
+
+bool ParseLong(const std::string& text, long min, long max, long& out) {
+    if (text.empty())
+        return false;
+    char* end = nullptr;
+    errno = 0;
+    const long v = std::strtol(text.c_str(), &end, 0);
+    if (errno != 0 || *end != '\0' || v < min || v > max)
+        return false;
+    out = v;
+    return true;
+}
+
+bool ValidAddress(const std::string& a) {
+    if (a.compare(0, 5, "unix:") == 0)
+        return a.size() > 5;
+    if (a.compare(0, 4, "tcp:") != 0)
+        return false;
+    const size_t colon = a.rfind(':');
+    long port;
+    return colon > 4 && ParseLong(a.substr(colon + 1), 0, 65535, port);
+}
+
+}  // namespace
+
+bool PanelOptions::ParseSize(const std::string& text, unsigned& width, unsigned& height) {
+    const size_t x = text.find_first_of("xX");
+    long w, h;
+    if (x == std::string::npos || !ParseLong(text.substr(0, x), 1, FPSIM::PanelGrid::kMaxSide, w) ||
+        !ParseLong(text.substr(x + 1), 1, FPSIM::PanelGrid::kMaxSide, h))
+        return false;
+    // strtol takes a sign and leading blanks; a size is plain digits.
+    for (char c : text)
+        if (c != 'x' && c != 'X' && (c < '0' || c > '9'))
+            return false;
+    width = unsigned(w);
+    height = unsigned(h);
+    return true;
+}
+
+PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, PanelOptions_t& out,
+                                           std::string& error) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        std::string name = arg, value;
+        bool hasValue = false;
+        const size_t eq = arg.find('=');
+        if (arg.compare(0, 2, "--") == 0 && eq != std::string::npos) {
+            name = arg.substr(0, eq);
+            value = arg.substr(eq + 1);
+            hasValue = true;
+        }
+        auto needValue = [&]() {
+            if (hasValue)
+                return true;
+            if (i + 1 >= argc) {
+                error = name + " needs a value";
+                return false;
+            }
+            value = argv[++i];
+            return true;
+        };
+        auto bad = [&](const char* what) {
+            error = "bad " + std::string(what) + " for " + name + ": '" + value + "'";
+            return PARSE_ERROR;
+        };
+        long n;
+        if (name == "-h" || name == "--help") {
+            return PARSE_HELP;
+        } else if (name == "--headless" || name == "--dump-on-change" || name == "--ascii") {
+            if (hasValue) {
+                error = name + " takes no value";
+                return PARSE_ERROR;
+            }
+            (name == "--headless" ? out.headless
+             : name == "--ascii"  ? out.ascii
+                                  : out.dumpOnChange) = true;
+        } else if (name == "--listen") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ValidAddress(value))
+                return bad("address (tcp:HOST:PORT or unix:PATH)");
+            out.listen = value;
+        } else if (name == "--size") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseSize(value, out.width, out.height))
+                return bad("size (COLUMNSxROWS, each 1..256)");
+        } else if (name == "--slot" || name == "--display-type") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseLong(value, 0, 255, n))
+                return bad("number (0..255)");
+            (name == "--slot" ? out.slotId : out.displayType) = uint8_t(n);
+        } else if (name == "--voltage") {
+            if (!needValue())
+                return PARSE_ERROR;
+            char* end = nullptr;
+            const float v = std::strtof(value.c_str(), &end);
+            if (value.empty() || *end != '\0' || !std::isfinite(v))
+                return bad("voltage");
+            out.voltage = v;
+        } else if (name == "--panel-version") {
+            if (!needValue())
+                return PARSE_ERROR;
+            out.version = value;
+        } else if (name == "--temperature") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseLong(value, -32768, 32767, n))
+                return bad("temperature");
+            out.temperature = int16_t(n);
+        } else if (name == "--fan-speed") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseLong(value, 0, 65535, n))
+                return bad("fan speed");
+            out.fanSpeed = uint16_t(n);
+        } else if (name == "--release-ms") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseLong(value, 10, 5000, n))
+                return bad("time (10..5000 ms)");
+            out.releaseMs = unsigned(n);
+        } else {
+            error = "unknown option '" + arg + "'";
+            return PARSE_ERROR;
+        }
+    }
+    return PARSE_OK;
+}
+
+std::string PanelOptions::Usage(const std::string& program) {
+    return "Usage: " + program +
+           " [options]\n"
+           "Emulates the panel controller: the unit connects to it, it shows the display,\n"
+           "LEDs and indicators and sends keys, temperature and fan reports.\n"
+           "\n"
+           "  --listen ADDR        tcp:HOST:PORT or unix:PATH (default tcp:127.0.0.1:7070)\n"
+           "  --size COLSxROWS     display size, each 1..256 (default 20x4)\n"
+           "  --slot N             slot id reported to the unit (default 1)\n"
+           "  --voltage V          slot voltage reported (default 12.0)\n"
+           "  --display-type N     display type reported (default 1)\n"
+           "  --panel-version TEXT version text reported (default \"fp-panel 1.0\")\n"
+           "  --temperature T      initial simulated temperature (default 25)\n"
+           "  --fan-speed S        initial simulated speed of all three fans (default 2000)\n"
+           "  --release-ms MS      a key goes up when the terminal repeats it no more for\n"
+           "                       this long (default 120)\n"
+           "  --headless           no screen; also the default without a terminal\n"
+           "  --dump-on-change     headless: print the panel whenever it changes\n"
+           "  --ascii              headless: symbols as ASCII stand-ins instead of UTF-8\n"
+           "  -h, --help           this text\n"
+           "\n"
+           "Headless, standard input takes one command per line:\n"
+           "  dump                 print the panel (also on SIGUSR1); ends with an empty line\n"
+           "  KEY                  press and release a key: UP DOWN LEFT RIGHT ENTER EXIT\n"
+           "                       BACKSPACE DELETE REFRESH SPACEBAR 0-9 a-z A-Z\n"
+           "  down KEY | up KEY    key down or up only\n"
+           "  hold KEY MS          key down, up after MS milliseconds\n"
+           "  temp T | fan N S     set the temperature, or fan N (1-3) to speed S\n"
+           "  quit\n";
+}
+
+}  // namespace FPPANEL

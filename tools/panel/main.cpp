@@ -1,0 +1,81 @@
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "tools/panel/CursesScreen.h"
+#include "tools/panel/HeadlessRunner.h"
+#include "tools/panel/PanelOptions.h"
+#include "tools/panel/PanelServer.h"
+
+namespace {
+
+volatile std::sig_atomic_t gQuit = 0;
+volatile std::sig_atomic_t gDump = 0;
+
+void OnQuitSignal(int) {
+    gQuit = 1;
+}
+
+void OnDumpSignal(int) {
+    gDump = 1;
+}
+
+void Install(int signo, void (*handler)(int)) {
+    struct sigaction sa = {};
+    sa.sa_handler = handler;
+    sigemptyset(&sa.sa_mask);
+    sigaction(signo, &sa, nullptr);
+}
+
+void LogToStderr(const std::string& line) {
+    std::fprintf(stderr, "fp-panel: %s\n", line.c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    FPPANEL::PanelOptions_t options;
+    std::string error;
+    switch (FPPANEL::PanelOptions::Parse(argc, argv, options, error)) {
+        case FPPANEL::PanelOptions::PARSE_HELP:
+            std::fputs(FPPANEL::PanelOptions::Usage(argv[0]).c_str(), stdout);
+            return 0;
+        case FPPANEL::PanelOptions::PARSE_ERROR:
+            std::fprintf(stderr, "fp-panel: %s (see --help)\n", error.c_str());
+            return 2;
+        case FPPANEL::PanelOptions::PARSE_OK:
+            break;
+    }
+    std::signal(SIGPIPE, SIG_IGN);  // a unit that vanishes shows up as a failed write
+    Install(SIGINT, OnQuitSignal);
+    Install(SIGTERM, OnQuitSignal);
+    Install(SIGUSR1, OnDumpSignal);
+
+    const bool headless = options.headless || !isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO);
+    FPPANEL::PanelServer server(options);
+    std::unique_ptr<FPPANEL::CursesScreen> screen;
+    if (headless) {
+        server.SetLogSink(FPPANEL::PanelServer::LogSink(&LogToStderr));
+    } else {
+        screen.reset(new FPPANEL::CursesScreen(server, options));
+        server.SetLogSink(
+            FPPANEL::PanelServer::LogSink(screen.get(), &FPPANEL::CursesScreen::AddLogLine));
+    }
+    if (!server.Start(error)) {
+        screen.reset();
+        std::fprintf(stderr, "fp-panel: %s\n", error.c_str());
+        return 1;
+    }
+    if (headless) {
+        FPPANEL::HeadlessRunner runner(server, options, STDIN_FILENO, stdout);
+        runner.Run(gQuit, gDump);
+    } else {
+        screen->Run(gQuit);
+    }
+    server.Stop();
+    screen.reset();
+    return 0;
+}
