@@ -149,20 +149,22 @@ CRet CDataStore::Read(const std::string& name, const COid& oid, bool current) co
 }
 
 bool CDataStore::Resolve(const std::string& entry, std::string& name, std::string& instance) const {
-    // Longest declared name first, so "port12" is port1/"2" when both port
-    // (instance "12") and port1 (instance "2") exist.
+    // Entries are name + instance, so a split with a declared instance wins,
+    // longest name first: "port12" is port1/"2" when both port (instance "12")
+    // and port1 (instance "2") exist. Only then is a bare name taken whole.
     for (size_t len = entry.size(); len > 0; --len) {
         const Var_t* var = Find(entry.substr(0, len));
-        if (!var)
-            continue;
-        std::string rest = entry.substr(len);
-        if (rest.empty() || HasInstance(var->decl, rest)) {
+        if (var && len < entry.size() && HasInstance(var->decl, entry.substr(len))) {
             name = entry.substr(0, len);
-            instance = rest;
+            instance = entry.substr(len);
             return true;
         }
     }
-    return false;
+    if (!Find(entry))
+        return false;
+    name = entry;
+    instance.clear();
+    return true;
 }
 
 CRet CDataStore::Collect(const CParam& request, const std::string* value) const {

@@ -22,9 +22,9 @@ class CSqliteFile;
 //
 // Variable sets (GetVars) are CParam lists of entries "name" + "instance"
 // without separator. An entry resolves to the longest declared name that
-// begins it and whose remainder is one of that variable's instances, or is
-// empty (then all its instances). Results are keyed by name with instances as
-// sub-keys.
+// begins it and whose remainder is one of that variable's instances; failing
+// that, an entry that is exactly a declared name stands for all its
+// instances. Results are keyed by name with instances as sub-keys.
 class CDataStore {
 public:
     CDataStore();

@@ -21,6 +21,7 @@ namespace TOV {
 // A connection of the application to a data store. Events of the sinks it
 // registers arrive either on the engine's delivery thread or, in queued mode,
 // on whichever thread calls DeliverEvents (for single-threaded applications).
+// A client must be destroyed before its store.
 class CTovClient : public CDataEngine {
 public:
     enum Delivery_e { DELIVER_ON_ENGINE_THREAD, DELIVER_QUEUED };

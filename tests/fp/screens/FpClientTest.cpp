@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+#include "fp/screens/FpClient.h"
+#include "tests/support/LogCapture.h"
+
+using namespace TOV;
+
+namespace {
+
+struct Sink : IManagedEventSink {
+    void HandleEvent(const std::string& name, const COid& oid, const std::string& user,
+                     const std::string& value, const CParam&) override {
+        last = name + "/" + oid.ToString() + "=" + value + " by " + user;
+    }
+    std::string last;
+};
+
+// Each case runs against the engine in memory and on a temporary SQLite file;
+// events are queued so the test thread delivers them.
+class FpClientTest : public ::testing::TestWithParam<bool> {
+protected:
+    void SetUp() override {
+        char tmpl[] = "/tmp/fpclientXXXXXX";
+        dir = mkdtemp(tmpl);
+        if (GetParam()) {
+            ASSERT_TRUE(store.Open(dir + "/unit.db").Success());
+        }
+        ASSERT_TRUE(store
+                        .Declare(CVarDecl("contrast")
+                                     .Instances({"0", "1"})
+                                     .Default("3")
+                                     .Check(CValidator::Integer(0, 9))
+                                     .Persistent())
+                        .Success());
+        ASSERT_TRUE(store.Declare(CVarDecl("net.ip").Default("10.0.0.2")).Success());
+        ASSERT_TRUE(store.Declare(CVarDecl("net.dns.1").Default("1.1.1.1")).Success());
+        fp.Attach();
+    }
+    void TearDown() override {
+        fp.Detach();
+        std::system(("rm -rf '" + dir + "'").c_str());
+    }
+    std::string dir;
+    CDataStore store;
+    CTovClient client{store, CTovClient::DELIVER_QUEUED};
+    FP::FpClient fp{&client};
+};
+
+std::string Stdout(const std::function<std::string()>& call, std::string& result) {
+    testing::internal::CaptureStdout();
+    result = call();
+    return testing::internal::GetCapturedStdout();
+}
+
+}  // namespace
+
+TEST_P(FpClientTest, ReadsAndChecksArguments) {
+    EXPECT_EQ(&client, fp.GetClientObject());
+    EXPECT_EQ("0", fp.GetUnitDbInstance());
+    EXPECT_NE(nullptr, fp.GetWakeUpTimer());
+    EXPECT_EQ("3", fp.GetData(std::string("contrast"), "1"));
+    EXPECT_TRUE(fp.ExistsInDb("contrast", "0"));
+    EXPECT_FALSE(fp.ExistsInDb("contrast", "5"));
+    EXPECT_EQ("", fp.GetData(std::string("nosuch"), "0"));  // failure hidden
+
+    std::string got;
+    EXPECT_EQ("GetData Error2: Name: , Instance: 1\n",
+              Stdout([&] { return fp.GetData(std::string(), std::string("1")); }, got));
+    EXPECT_EQ("", got);
+    char name[] = "contrast";
+    char empty[] = "";
+    EXPECT_EQ("GetData Error1: Name: contrast, Instance: \n",
+              Stdout([&] { return fp.GetData(name, ""); }, got));
+    EXPECT_EQ("GetData Error1: Name: , Instance: 0\n",
+              Stdout([&] { return fp.GetData(empty, "0"); }, got));
+    EXPECT_EQ("", Stdout([&] { return fp.GetData(name, "0"); }, got));
+    EXPECT_EQ("3", got);
+
+    CParam groups = fp.GetGroups("net");
+    ASSERT_EQ(1u, groups.Length());
+    EXPECT_EQ("10.0.0.2", groups["net.ip"]["0"].GetValue());
+
+    CParam request;
+    request.AddParam(CParam("contrast1"));
+    request.AddParam(CParam("net.ip0"));
+    CRet vars = fp.GetVars("tov.fp", request);
+    EXPECT_TRUE(vars.Success());
+    EXPECT_EQ("3", vars.Val()["contrast"]["1"].GetValue());
+    EXPECT_EQ(1u, fp.GetVarsByValue("tov.fp", request, "10.0.0.2").Val().Length());
+    EXPECT_EQ("3", fp.GetVal("contrast", "0").Val().GetValue());
+}
+
+TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
+    fptest::LogCapture log("fp.client");
+    Sink sink;
+    ASSERT_TRUE(fp.AddManagedEventHandler("contrast", &sink, "0").Success());
+
+    EXPECT_TRUE(fp.SendData("contrast", "0", "12"));  // refused, but fire and forget
+    EXPECT_FALSE(fp.SendDataWait("contrast", "0", "12"));
+    EXPECT_EQ("Invalid value '12' for contrast: out of range 0 to 9",
+              fp.SendDataWaitMsg("contrast", "0", "12"));
+    EXPECT_EQ("Invalid value '7a' for contrast: not an integer",
+              fp.SendDataWaitMsg("contrast", "0", "7a"));
+    EXPECT_EQ(0u, client.DeliverEvents());
+    EXPECT_EQ("3", fp.GetData(std::string("contrast"), "0"));
+
+    EXPECT_FALSE(fp.SendData("contrast", "", "4"));
+    EXPECT_EQ(std::vector<std::string>{"SendData Error: contrast, Instance: "}, log.Messages());
+    EXPECT_EQ(0u, client.DeliverEvents());
+
+    EXPECT_TRUE(fp.SendData("contrast", "0", "4"));
+    EXPECT_EQ(1u, client.DeliverEvents());
+    EXPECT_EQ("contrast/0=4 by tov.fp", sink.last);
+    EXPECT_TRUE(fp.SendDataWait("contrast", "0", "5"));
+    EXPECT_EQ("", fp.SendDataWaitMsg("contrast", "0", "6"));
+    EXPECT_TRUE(fp.SendOp("other", "contrast", COid("0"), "7").Success());
+    EXPECT_EQ(3u, client.DeliverEvents());
+    EXPECT_EQ("contrast/0=7 by other", sink.last);
+
+    CTxn txn;
+    txn.Add("contrast", COid("0"), "8");
+    txn.Add("contrast", COid("1"), "x");
+    EXPECT_FALSE(fp.SendTxn("wizard", txn).Success());
+    EXPECT_EQ("7", fp.GetData(std::string("contrast"), "0"));
+    ASSERT_TRUE(fp.RemoveManagedEventHandler("contrast", &sink, "0").Success());
+    EXPECT_TRUE(fp.SendDataWait("contrast", "0", "1"));
+    EXPECT_EQ(0u, client.DeliverEvents());
+}
+
+INSTANTIATE_TEST_SUITE_P(MemoryAndFile, FpClientTest, ::testing::Bool());
