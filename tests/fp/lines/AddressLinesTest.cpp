@@ -2,6 +2,7 @@
 
 #include "fp/lines/IpLine.h"
 #include "fp/lines/MacLine.h"
+#include "fp/menu/MenuStyleBasic.h"
 #include "tests/fp/lines/EditLineFixture.h"
 
 using EditLines::Press;
@@ -144,4 +145,28 @@ TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
     mac.SetDisplayInEditMode(true);  // the caption makes way for the address
     EXPECT_EQ(display.Draw(mac), " 00:1A:2B:3C:4D:5[E]  ");
     EXPECT_EQ(display.Row(0), std::string(20, ' '));
+}
+
+TEST(AddressLinesTest, EditedThroughTheMenu) {
+    EditLines::Engine engine("10.0.0.2");
+    EditLines::TextDisplay display;
+    FP::MenuStyleBasic menu;
+    menu.SetDisplay(&display);
+    menu.SetClient(&engine.fp);
+    menu.SetTitle("Network");
+    auto* ip = new FP::IpLine;
+    ip->SetDbInfo("v", "0");
+    ip->SetSendDbData(true);
+    menu.AddLine(ip, "IP:");
+    menu.AddLine(new FP::MacLine, "MAC:");
+    menu.DrawScreen(FP::DRAW_FULL);
+    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_RIGHT, FP::KEY_UP, FP::KEY_9}) {
+        menu.KeyPress({k, FP::KEY_STATE_DOWN});
+    }
+    EXPECT_EQ(display.Row(0), "       Network      ");
+    EXPECT_EQ(display.Row(1), " IP:09[0].000.000.002 ");
+    EXPECT_EQ(display.Row(2), " MAC:00:00:00:00:00:");
+    menu.KeyPress({FP::KEY_ENTER, FP::KEY_STATE_DOWN});
+    EXPECT_EQ(engine.Value(), "90.0.0.2");
+    EXPECT_FALSE(menu.GetEditEnabled());
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "fp/display/Display.h"
 #include "fp/menu/BaseLine.h"
@@ -16,8 +17,16 @@ class TextDisplay : public FP::Display {
 public:
     TextDisplay() : FP::Display(20, 4) {}
     void SendBlankChars(unsigned int, unsigned int, unsigned int) override {}
-    void SendLineUpdate(const std::string&, unsigned int) override {}
-    void SendReverseWord(const std::string&, unsigned int, unsigned int) override {}
+    // A new text of a row replaces the reverse cells shown on it.
+    void SendLineUpdate(const std::string&, unsigned int line) override {
+        for (size_t i = sent.size(); i-- > 0;) {
+            if (sent[i].line == line)
+                sent.erase(sent.begin() + static_cast<long>(i));
+        }
+    }
+    void SendReverseWord(const std::string& text, unsigned int column, unsigned int line) override {
+        sent.push_back({text, line, column});
+    }
     void SendWindowUpdate(const std::string&) override {}
     void SendLockDisableSymbols(unsigned char) override {}
     void SendNavSymbols(unsigned char) override {}
@@ -25,7 +34,9 @@ public:
     std::string Row(unsigned int row) const {
         std::string text(GetSelectedWindow()->GetText(row), GetDisplayWidth());
         std::string reversed(text.size(), 0);
-        for (const auto& w : GetReverseWords()) {
+        std::vector<ReverseWord_t> words = sent;
+        words.insert(words.end(), GetReverseWords().begin(), GetReverseWords().end());
+        for (const auto& w : words) {
             for (size_t i = 0; w.line == row && i < w.text.size(); ++i) {
                 if (w.column + i < reversed.size()) {
                     reversed[w.column + i] = w.text[i];
@@ -43,9 +54,12 @@ public:
     // Draws line on row 1 from a clean slate and returns the row.
     std::string Draw(FP::BaseLine& line) {
         ClearReverseAll();
+        sent.clear();
         line.DrawLine(1);
         return Row(1);
     }
+
+    std::vector<ReverseWord_t> sent;  // reverse cells already sent to the panel
 };
 
 // Presses keys named by characters: '<' left, '>' right, '+' up,
@@ -54,43 +68,14 @@ public:
 inline bool Press(FP::BaseLine& line, const std::string& keys) {
     bool editing = line.GetEditing();
     for (char c : keys) {
-        int code = FP::KEY_NONE;
-        switch (c) {
-            case '<':
-                code = FP::KEY_LEFT;
-                break;
-            case '>':
-                code = FP::KEY_RIGHT;
-                break;
-            case '+':
-                code = FP::KEY_UP;
-                break;
-            case '-':
-                code = FP::KEY_DOWN;
-                break;
-            case '=':
-                code = FP::KEY_ENTER;
-                break;
-            case '~':
-                code = FP::KEY_EXIT;
-                break;
-            case '#':
-                code = FP::KEY_BACKSPACE;
-                break;
-            case '*':
-                code = FP::KEY_DELETE;
-                break;
-            case ' ':
-                code = FP::KEY_SPACEBAR;
-                break;
-            default:
-                if (c >= '0' && c <= '9')
-                    code = FP::KEY_0 + (c - '0');
-                if (c >= 'a' && c <= 'z')
-                    code = FP::KEY_a + (c - 'a');
-                if (c >= 'A' && c <= 'Z')
-                    code = FP::KEY_A + (c - 'A');
-        }
+        const size_t nav = std::string("<+>-~=#").find(c);  // key codes 1 to 7
+        int code = nav != std::string::npos ? static_cast<int>(nav) + 1
+                   : c == '*'               ? FP::KEY_DELETE
+                   : c == ' '               ? FP::KEY_SPACEBAR
+                   : c >= '0' && c <= '9'   ? FP::KEY_0 + (c - '0')
+                   : c >= 'a' && c <= 'z'   ? FP::KEY_a + (c - 'a')
+                   : c >= 'A' && c <= 'Z'   ? FP::KEY_A + (c - 'A')
+                                            : FP::KEY_NONE;
         editing = line.KeyPress({static_cast<FP::Key_e>(code), FP::KEY_STATE_DOWN});
     }
     return editing;
