@@ -169,4 +169,5 @@ TEST(AddressLinesTest, EditedThroughTheMenu) {
     menu.KeyPress({FP::KEY_ENTER, FP::KEY_STATE_DOWN});
     EXPECT_EQ(engine.Value(), "90.0.0.2");
     EXPECT_FALSE(menu.GetEditEnabled());
+    delete menu.GetTitle();  // the menu does not own its title
 }
