@@ -25,18 +25,12 @@ std::string Cycle(StringLine::CharacterSet_e set, char start, const std::string&
 }  // namespace
 
 TEST(StringLineTest, EveryCharacterSetCyclesBothWays) {
-    std::string digits = "0123456789", upper, lower, punct;
-    for (char c = 'A'; c <= 'Z'; ++c)
-        upper += c;
-    for (char c = 'a'; c <= 'z'; ++c)
-        lower += c;
-    for (int c = ' '; c <= '~'; ++c) {
-        if (!isalnum(c) && c != '_')
-            punct += static_cast<char>(c);
-    }
+    const std::string digits = "0123456789", upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ",
+                      lower = "abcdefghijklmnopqrstuvwxyz",
+                      punct = " !\"#$%&'()*+,-./:;<=>?@[\\]^`{|}~";
     struct Case {
         StringLine::CharacterSet_e set;
-        std::string cycle;  // the Up order, starting after its first character
+        std::string cycle;  // the Up order
     } cases[] = {
         {StringLine::AlphaNumeric, digits + upper + lower},
         {StringLine::Hostname, "-" + digits + upper + "_" + lower},
