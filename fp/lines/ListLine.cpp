@@ -1,0 +1,240 @@
+#include "fp/lines/ListLine.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+#include <utility>
+
+#include "fp/lines/RowWriter.h"
+#include "kt/Str.h"
+
+namespace FP {
+
+void ListLine::SetupBase() {
+    hoverNavMask = 6;
+    editNavMask = 6;
+}
+
+ListLine::ListLine(bool convert)
+    : itemCount(1), currentIndex(0), editIndex(0), skipCount(0), convertTexts(convert) {
+    SetupBase();
+}
+
+ListLine::ListLine(std::vector<std::string> items, bool convert) : ListLine(convert) {
+    SetNumItems(static_cast<int>(items.size()));
+    std::map<std::string, std::string> keys;
+    for (size_t i = 0; i < items.size(); ++i) {
+        keys[KT::Str::Format("%d", static_cast<int>(i + 1))] = items[i];
+    }
+    MapConstruct(std::move(keys));
+}
+
+ListLine::ListLine(std::map<std::string, std::string> items, bool convert) : ListLine(convert) {
+    SetNumItems(static_cast<int>(items.size()));
+    MapConstruct(std::move(items));
+}
+
+ListLine::ListLine(std::map<int, std::string> items, bool convert) : ListLine(convert) {
+    std::map<std::string, std::string> keys;
+    for (const auto& item : items) {
+        keys[KT::Str::Format("%d", item.first)] = item.second;
+    }
+    MapConstruct(std::move(keys));
+    SetNumItems(static_cast<int>(keyMap.size()));
+}
+
+ListLine::ListLine(const char** items, int count) : ListLine(true) {
+    std::map<std::string, std::string> keys;
+    for (int i = 1; items && i < count; ++i) {
+        keys[KT::Str::Format("%d", i)] = items[i] ? items[i] : "";
+    }
+    MapConstruct(std::move(keys));
+    SetNumItems(static_cast<int>(keyMap.size()));
+}
+
+ListLine::~ListLine() {
+    callbacks.clear();
+}
+
+void ListLine::MapConstruct(std::map<std::string, std::string> keys) {
+    keyMap = std::move(keys);
+    for (const auto& entry : keyMap) {
+        std::string text = entry.second;
+        if (convertTexts) {
+            Display::ReplaceUnknownChars(text);
+        }
+        itemTexts.push_back(text);
+        itemKeys.push_back(entry.first);
+    }
+}
+
+void ListLine::SetNumItems(int n) {
+    itemCount = n;
+    cursor.SetItemCount(n);
+}
+
+void ListLine::SetSkipItem(int n) {
+    const int32_t index = n - 1;
+    auto at = std::lower_bound(skipList.begin(), skipList.end(), index);
+    if (at == skipList.end() || *at != index) {
+        skipList.insert(at, index);
+    }
+    skipCount = static_cast<int32_t>(skipList.size());
+    SetNumItems(static_cast<int>(itemTexts.size()) - skipCount);
+}
+
+void ListLine::RemoveSkipItem(int n) {
+    auto at = std::find(skipList.begin(), skipList.end(), n - 1);
+    if (at != skipList.end()) {
+        skipList.erase(at);
+    }
+    skipCount = static_cast<int32_t>(skipList.size());
+    SetNumItems(static_cast<int>(itemTexts.size()) - skipCount);
+}
+
+int ListLine::GetItem(int visible) const {
+    int item = visible;
+    for (int32_t skipped : skipList) {
+        if (skipped <= item) {
+            ++item;
+        }
+    }
+    return item;
+}
+
+int ListLine::GetIndex(int item) const {
+    int visible = item;
+    for (int32_t skipped : skipList) {
+        if (skipped <= item) {
+            --visible;
+        }
+    }
+    return visible;
+}
+
+bool ListLine::IsSkipped(int index) const {
+    return std::binary_search(skipList.begin(), skipList.end(), index);
+}
+
+bool ListLine::SetCurrentValue(int index) {
+    if (index < 0 || index >= static_cast<int>(itemTexts.size()) || IsSkipped(index)) {
+        return false;
+    }
+    currentIndex = index;
+    editIndex = index;
+    cursor.SetSelectedItem(GetIndex(index));
+    return true;
+}
+
+bool ListLine::SetCurrentValue(const char* text) {
+    if (!text) {
+        return false;
+    }
+    auto at = std::find(itemTexts.begin(), itemTexts.end(), text);
+    if (at == itemTexts.end()) {
+        return false;
+    }
+    return SetCurrentValue(static_cast<int>(at - itemTexts.begin()));
+}
+
+bool ListLine::SetCurrentValue(const std::string& key) {
+    // A key the list does not know stays in the key map with an empty text.
+    return SetCurrentValue(keyMap[key].c_str());
+}
+
+int ListLine::GetCurrentNumber() const {
+    return editing ? editIndex : currentIndex;
+}
+
+std::string ListLine::GetCurrentString() const {
+    return GetItemString(static_cast<unsigned int>(GetCurrentNumber()));
+}
+
+std::string ListLine::GetItemString(unsigned int index) const {
+    return index < itemTexts.size() ? itemTexts[index] : std::string();
+}
+
+std::string ListLine::GetItemString(const std::string& text) const {
+    return GetItemString(static_cast<unsigned int>(std::strtol(text.c_str(), nullptr, 10)));
+}
+
+std::string ListLine::GetValue() const {
+    if (currentIndex < 0 || static_cast<size_t>(currentIndex) >= keyMap.size()) {
+        return std::string();
+    }
+    return std::next(keyMap.begin(), currentIndex)->second;
+}
+
+void ListLine::KeyPressUp() {
+    cursor.MoveCursorRight();
+    editIndex = GetItem(cursor.GetCursorIndex());
+}
+
+void ListLine::KeyPressDown() {
+    cursor.MoveCursorLeft();
+    editIndex = GetItem(cursor.GetCursorIndex());
+}
+
+bool ListLine::KeyPress(const KeyState_t& key) {
+    switch (key.key) {
+        case KEY_UP:
+            KeyPressUp();
+            return editing;
+        case KEY_DOWN:
+            KeyPressDown();
+            return editing;
+        case KEY_EXIT:
+            editing = false;
+            cursor.SetSelectedItem(GetIndex(currentIndex));
+            return false;
+        case KEY_ENTER:
+            if (!editing) {
+                editIndex = currentIndex;
+                if (!readOnly) {
+                    editing = true;
+                }
+                return editing;
+            }
+            currentIndex = editIndex;
+            editing = false;
+            if (!readOnly && dbActive) {
+                std::ostringstream position;
+                position << editIndex + 1;
+                SendDbData(position.str());
+            }
+            return false;
+        default:
+            return editing;
+    }
+}
+
+void ListLine::DrawLine(int row) {
+    if (!display) {
+        return;
+    }
+    display->ClearLine(static_cast<unsigned>(row));
+    int column = offset > 0 ? offset : 0;
+    std::string lead(static_cast<size_t>(column), ' ');
+    if (hasVariableName) {
+        lead += variableName;
+        column += static_cast<int>(variableName.size());
+    }
+    RowWriter::Word(*display, lead, row, 0, false);
+
+    int end;
+    if (itemCount > 0 && !itemTexts.empty()) {
+        std::string text = GetCurrentString();
+        if (hasSuffix) {
+            text += suffix;
+        }
+        RowWriter::Word(*display, text, row, column, editing);
+        // The suffix counts towards the end even when it is not shown.
+        end = column + static_cast<int>(GetCurrentString().size() + suffix.size());
+    } else {
+        RowWriter::Char(*display, '-', row, column, editing);
+        end = column + 1;
+    }
+    RowWriter::Pad(*display, row, end, lineWidth);
+}
+
+}  // namespace FP

@@ -1,0 +1,171 @@
+#include "fp/lines/MacLine.h"
+
+#include "fp/lines/LineText.h"
+
+namespace FP {
+
+namespace {
+
+const int kTextLength = 17;
+
+bool IsDigitPosition(int p) {
+    return p >= 0 && p < kTextLength && p % 3 != 2;
+}
+
+}  // namespace
+
+MacLine::MacLine()
+    : maxAddress("FF:FF:FF:FF:FF:FF"), minAddress("00:00:00:00:00:00"), displayInEditMode(false) {
+    cursor.SetCursorType(CURSOR_EDIT);
+    SetCurrentValue("00:00:00:00:00:00");
+}
+
+MacLine::MacLine(const std::string& dbName, const std::string& dbInstance) : MacLine() {
+    SetDbName(dbName);
+    SetDbInstance(dbInstance);
+    cursor.SetCursorType(CURSOR_EDIT);
+    SetCurrentValue(GetDbValue());
+}
+
+MacLine::MacLine(const KT::CMacAddress& address) : MacLine() {
+    SetCurrentValue(address);
+}
+
+MacLine::~MacLine() = default;
+
+bool MacLine::SetCurrentValue(const std::string& s) {
+    return SetCurrentValue(KT::CMacAddress(s));
+}
+
+bool MacLine::SetCurrentValue(const KT::CMacAddress& address) {
+    currentAddress = address;
+    cursor.SetItemCount(kTextLength);
+    cursor.SetDisplayLines(0, kTextLength);
+    editAddress = currentAddress;
+    return true;
+}
+
+std::string MacLine::GetCurrentString() const {
+    return (editing ? editAddress : currentAddress).ToString(true);
+}
+
+KT::CMacAddress MacLine::GetMacAddress() const {
+    return editing ? editAddress : currentAddress;
+}
+
+void MacLine::SetRange(const std::string& min, const std::string& max) {
+    minAddress = min;
+    maxAddress = max;
+}
+
+void MacLine::Step(bool up) {
+    const int p = cursor.GetCursorIndex();
+    if (!IsDigitPosition(p)) {
+        return;
+    }
+    std::string text = Work().ToString(true);
+    char& c = text[static_cast<size_t>(p)];
+    if (up) {
+        c = c == 'F' ? '0' : c == '9' ? 'A' : static_cast<char>(c + 1);
+    } else {
+        c = c == '0' ? 'F' : c == 'A' ? '9' : static_cast<char>(c - 1);
+    }
+    Work() = text;
+}
+
+void MacLine::KeyUp() {
+    Step(true);
+}
+
+void MacLine::KeyDown() {
+    Step(false);
+}
+
+void MacLine::Move(bool next) {
+    next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
+    if (cursor.GetCursorIndex() % 3 == 2) {
+        next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
+    }
+}
+
+void MacLine::KeyRight() {
+    Move(true);
+}
+
+void MacLine::KeyLeft() {
+    Move(false);
+}
+
+bool MacLine::KeyPress(const KeyState_t& key) {
+    cursor.EraseCursor(0);
+    switch (key.key) {
+        case KEY_LEFT:
+            KeyLeft();
+            break;
+        case KEY_UP:
+            KeyUp();
+            break;
+        case KEY_RIGHT:
+            KeyRight();
+            break;
+        case KEY_DOWN:
+            KeyDown();
+            break;
+        case KEY_EXIT:
+            editing = false;
+            return false;
+        case KEY_ENTER:
+            if (editing) {
+                editing = false;
+                currentAddress = editAddress;
+                if (!readOnly && dbActive) {
+                    SendDbData(currentAddress.ToString(true));
+                }
+            } else {
+                if (!readOnly) {
+                    editing = true;
+                }
+                editAddress = currentAddress;
+            }
+            break;
+        default:
+            break;
+    }
+    return editing;
+}
+
+int MacLine::TextColumn() const {
+    return offset + (displayInEditMode ? 0 : static_cast<int>(variableName.size()));
+}
+
+void MacLine::DrawLine(int row) {
+    if (!display || !editing || !displayInEditMode) {
+        BaseLine::DrawLine(row);
+        return;
+    }
+    const std::string text = editAddress.ToString(true);
+    display->ClearLine(static_cast<unsigned int>(row));
+    LineText::WriteRow(*display, std::string(offset > 0 ? static_cast<size_t>(offset) : 0, ' '),
+                       row, 0);
+    LineText::WriteRow(*display, text, row, offset);
+    DrawCursor(row);
+}
+
+void MacLine::DrawCursor(int row) {
+    const int i = cursor.GetCursorIndex();
+    if (!display || TextColumn() + i >= static_cast<int>(display->GetDisplayWidth())) {
+        return;
+    }
+    // The edit cursor takes the row as its line and the character index as
+    // its column inside the text.
+    cursor.SetCursorColumn(row);
+    cursor.SetCursorPosition(i);
+    cursor.DrawCursor(TextColumn(), editAddress.ToString(true));
+}
+
+void MacLine::EraseCursor(int row) {
+    cursor.SetCursorPosition(row);
+    cursor.EraseCursor(0);
+}
+
+}  // namespace FP

@@ -1,0 +1,303 @@
+#include "fp/lines/StringLine.h"
+
+#include "fp/lines/LineText.h"
+#include "kt/Str.h"
+
+namespace FP {
+
+namespace {
+
+bool IsAlnum(unsigned char c) {
+    // Spelled out rather than isalnum() so that a locale set by the
+    // application cannot change the cycle.
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+bool IsHostChar(unsigned char c) {
+    return IsAlnum(c) || c == '-' || c == '_';
+}
+
+// The printable set is walked as: punctuation, '_', lower case, upper case,
+// digits, back to space. Each pair is a jump of the Up direction; Down
+// follows the same pairs backwards.
+const char kAllCharJumps[][2] = {{'/', ':'}, {'9', ' '}, {'@', '['}, {'Z', '0'}, {'^', '`'},
+                                 {'_', 'a'}, {'`', '{'}, {'z', 'A'}, {'~', '_'}};
+
+}  // namespace
+
+StringLine::StringLine() : maxLength(1), characterSet(AlphaNumeric) {
+    cursor.SetCursorType(CURSOR_EDIT);
+    hoverNavMask = 0x06;
+    editNavMask = 0xA7;
+}
+
+StringLine::~StringLine() = default;
+
+void StringLine::SetNumItems(int n) {
+    maxLength = n;
+    cursor.SetItemCount(n);
+}
+
+bool StringLine::SetCurrentValue(const std::string& s) {
+    committedText = s;
+    if (static_cast<int>(s.size()) < maxLength) {
+        committedText.append(static_cast<size_t>(maxLength) - s.size(), '_');
+    }
+    cursor.SetDisplayLines(0, maxLength);
+    editText = committedText;
+    return true;
+}
+
+bool StringLine::SetCurrentValue(int v) {
+    return SetCurrentValue(KT::Str::Format("%d", v));
+}
+
+std::string StringLine::GetCurrentString() const {
+    const std::string& text = editing ? editText : committedText;
+    const size_t last = text.find_last_not_of('_');
+    return last == std::string::npos ? std::string() : text.substr(0, last + 1);
+}
+
+int StringLine::GetCurrentNumber() const {
+    int n = 0;
+    // The padding makes the text non-canonical, so the result flag says
+    // nothing here; n holds whatever number the text starts with.
+    KT::Str::ToNum<int>(n, editing ? editText : committedText);
+    return n;
+}
+
+char* StringLine::EditChar() {
+    const int i = cursor.GetCursorIndex();
+    if (i < 0 || static_cast<size_t>(i) >= editText.size()) {
+        return nullptr;
+    }
+    return &editText[static_cast<size_t>(i)];
+}
+
+void StringLine::Step(bool up, bool (*accept)(unsigned char)) {
+    char* c = EditChar();
+    if (!c) {
+        return;
+    }
+    unsigned char v = static_cast<unsigned char>(*c);
+    do {
+        v = static_cast<unsigned char>(up ? v + 1 : v - 1);
+    } while (!accept(v));
+    *c = static_cast<char>(v);
+}
+
+void StringLine::AlphaNumericKeyUp() {
+    Step(true, IsAlnum);
+}
+
+void StringLine::AlphaNumericKeyDown() {
+    Step(false, IsAlnum);
+}
+
+void StringLine::HostnameKeyUp() {
+    Step(true, IsHostChar);
+}
+
+void StringLine::HostnameKeyDown() {
+    Step(false, IsHostChar);
+}
+
+void StringLine::AllCharKeyUp() {
+    char* c = EditChar();
+    if (!c) {
+        return;
+    }
+    for (const auto& jump : kAllCharJumps) {
+        if (*c == jump[0]) {
+            *c = jump[1];
+            return;
+        }
+    }
+    *c = static_cast<char>(static_cast<unsigned char>(*c) + 1);
+}
+
+void StringLine::AllCharKeyDown() {
+    char* c = EditChar();
+    if (!c) {
+        return;
+    }
+    for (const auto& jump : kAllCharJumps) {
+        if (*c == jump[1]) {
+            *c = jump[0];
+            return;
+        }
+    }
+    *c = static_cast<char>(static_cast<unsigned char>(*c) - 1);
+}
+
+int StringLine::TextColumn() const {
+    return offset + (hasVariableName ? static_cast<int>(variableName.size()) : 0);
+}
+
+void StringLine::PutCharacter(char c) {
+    const int i = cursor.GetCursorIndex();
+    if (i < 0 || static_cast<size_t>(i) > editText.size()) {
+        return;
+    }
+    editText.insert(static_cast<size_t>(i), 1, c);
+    // Typing inserts, so the padding is pushed right and drops off where the
+    // row ends.
+    if (display) {
+        const int room = static_cast<int>(display->GetDisplayWidth()) - TextColumn();
+        if (room >= 0 && editText.size() > static_cast<size_t>(room)) {
+            editText.resize(static_cast<size_t>(room));
+        }
+    }
+    cursor.MoveCursorRight();
+}
+
+void StringLine::PutBackspace() {
+    const int i = cursor.GetCursorIndex();
+    if (i <= 0 || static_cast<size_t>(i) > editText.size()) {
+        return;
+    }
+    editText.erase(static_cast<size_t>(i) - 1, 1);
+    cursor.MoveCursorLeft();
+    editText.push_back('_');
+}
+
+void StringLine::PutDelete() {
+    const int i = cursor.GetCursorIndex();
+    if (i < 0 || static_cast<size_t>(i) > editText.size()) {
+        return;
+    }
+    if (static_cast<size_t>(i) < editText.size()) {
+        editText.erase(static_cast<size_t>(i), 1);
+    }
+    editText.push_back('_');
+}
+
+bool StringLine::KeyPress(const KeyState_t& key) {
+    cursor.EraseCursor(0);
+    if (!editing) {
+        if (key.key == KEY_ENTER) {
+            if (!readOnly) {
+                editing = true;
+            }
+            editText = committedText;
+        }
+        return editing;
+    }
+    const int code = key.key;
+    switch (code) {
+        case KEY_LEFT:
+            cursor.MoveCursorLeft();
+            break;
+        case KEY_RIGHT:
+            cursor.MoveCursorRight();
+            break;
+        case KEY_UP:
+            if (characterSet == Hostname) {
+                HostnameKeyUp();
+            } else if (characterSet == AllChar) {
+                AllCharKeyUp();
+            } else {
+                AlphaNumericKeyUp();
+            }
+            break;
+        case KEY_DOWN:
+            if (characterSet == Hostname) {
+                HostnameKeyDown();
+            } else if (characterSet == AllChar) {
+                AllCharKeyDown();
+            } else {
+                AlphaNumericKeyDown();
+            }
+            break;
+        case KEY_EXIT:
+            editing = false;
+            return false;
+        case KEY_ENTER:
+            editing = false;
+            committedText = editText;
+            if (!readOnly && dbActive) {
+                SendDbData(GetCurrentString());
+            }
+            break;
+        case KEY_BACKSPACE:
+            PutBackspace();
+            break;
+        case KEY_DELETE:
+            PutDelete();
+            break;
+        case KEY_SPACEBAR:
+            PutCharacter('_');
+            break;
+        default:
+            if (code >= KEY_0 && code <= KEY_9) {
+                PutCharacter(static_cast<char>('0' + (code - KEY_0)));
+            } else if (code >= KEY_a && code <= KEY_z) {
+                PutCharacter(static_cast<char>('a' + (code - KEY_a)));
+            } else if (code >= KEY_A && code <= KEY_Z) {
+                PutCharacter(static_cast<char>('A' + (code - KEY_A)));
+            }
+            break;
+    }
+    return editing;
+}
+
+void StringLine::DrawLine(int row) {
+    if (!display) {
+        return;
+    }
+    display->ClearLine(static_cast<unsigned int>(row));
+    std::string head(offset > 0 ? static_cast<size_t>(offset) : 0, ' ');
+    if (hasVariableName) {
+        head += variableName;
+    }
+    LineText::WriteRow(*display, head, row, 0);
+    const int column = TextColumn();
+    // Past the maximum length the suffix or the padding would overwrite the
+    // text anyway; cutting it here also keeps an over-long value on its row.
+    const std::string& text = editing ? editText : committedText;
+    LineText::WriteRow(*display, LineText::Part(text, 0, maxLength > 0 ? maxLength : 0), row,
+                       column);
+    if (editing) {
+        DrawCursor(row);
+        const int i = cursor.GetCursorIndex();
+        if (i >= 0 && i < maxLength && static_cast<size_t>(i) < editText.size()) {
+            const std::string cell = editText.substr(static_cast<size_t>(i), 1);
+            // The cursor has normally just drawn this very cell; a second
+            // copy would only cost another round of frames on the link.
+            const auto& words = display->GetReverseWords();
+            const bool drawn = !words.empty() && words.back().text == cell &&
+                               words.back().line == static_cast<unsigned int>(row) &&
+                               words.back().column == static_cast<unsigned int>(column + i);
+            if (!drawn) {
+                LineText::WriteReverseRow(*display, cell, row, column + i);
+            }
+        }
+    } else {
+        EraseCursor(row);
+    }
+    int end = column + (maxLength > 0 ? maxLength : 0);
+    if (hasSuffix) {
+        LineText::WriteRow(*display, suffix, row, end);
+        end += static_cast<int>(suffix.size());
+    }
+    LineText::PadRow(*display, row, end, lineWidth);
+}
+
+void StringLine::DrawCursor(int row) {
+    // The edit cursor takes the row as its line and the character index as
+    // its column inside the text.
+    const int i = cursor.GetCursorIndex();
+    if (!display || TextColumn() + i >= static_cast<int>(display->GetDisplayWidth())) {
+        return;
+    }
+    cursor.SetCursorColumn(row);
+    cursor.SetCursorPosition(i);
+    cursor.DrawCursor(TextColumn(), editText);
+}
+
+void StringLine::EraseCursor(int row) {
+    cursor.SetCursorPosition(row);
+    cursor.EraseCursor(0);
+}
+
+}  // namespace FP

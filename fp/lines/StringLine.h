@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "fp/menu/BaseLine.h"
+
+namespace FP {
+
+// A short text edited in place: up and down cycle the character under the
+// cursor through a character set, left and right move, letter and digit
+// keys type. Unused positions show as '_', which never reaches the value.
+class StringLine : public BaseLine {
+public:
+    enum CharacterSet_e : int32_t { AlphaNumeric = 1, Hostname = 2, AllChar = 3 };
+
+    StringLine();
+    ~StringLine() override;
+
+    bool KeyPress(const KeyState_t& key) override;
+    using BaseLine::SetCurrentValue;
+    // Pads s with '_' to the maximum length; a longer s is kept whole.
+    bool SetCurrentValue(const std::string& s) override;
+    bool SetCurrentValue(int v);
+    // The text without its trailing '_' ("" when it holds nothing else).
+    std::string GetCurrentString() const override;
+    // Leading number of the text as it stands, 0 when there is none.
+    int GetCurrentNumber() const;
+    void DrawLine(int row) override;
+    void DrawCursor(int row) override;
+    void EraseCursor(int row) override;
+
+    void SetNumItems(int n);
+    int GetNumItems() const { return maxLength; }
+    void SetCharacterSet(CharacterSet_e set) { characterSet = set; }
+    CharacterSet_e GetCharacterSet() const { return characterSet; }
+    // The padded texts, as edited and as last committed.
+    const std::string& GetEditText() const { return editText; }
+    const std::string& GetCommittedText() const { return committedText; }
+
+    void PutCharacter(char c);
+    void PutBackspace();
+    void PutDelete();
+    void AlphaNumericKeyUp();
+    void AlphaNumericKeyDown();
+    void HostnameKeyUp();
+    void HostnameKeyDown();
+    void AllCharKeyUp();
+    void AllCharKeyDown();
+
+private:
+    // The edit character under the cursor, or null when the cursor is past
+    // the text (a value shorter than the cursor's range).
+    char* EditChar();
+    void Step(bool up, bool (*accept)(unsigned char));
+    int TextColumn() const;
+
+    int32_t maxLength;
+    CharacterSet_e characterSet;
+    std::string committedText;
+    std::string editText;
+};
+
+}  // namespace FP

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "fp/menu/BaseLine.h"
+
+namespace FP {
+
+// A two-word confirmation ("Yes" / "No") shown side by side in the middle of
+// the row. Left and Right move the choice at once; there is no edit mode.
+// The owner gives the cursor its item count (SetNumItems(2)) before keys come.
+class YesNoLine : public BaseLine {
+public:
+    YesNoLine();
+    ~YesNoLine() override;
+
+    bool KeyPress(const KeyState_t& key) override;
+    using BaseLine::SetCurrentValue;
+    // Text values are accepted and ignored.
+    bool SetCurrentValue(const std::string& value) override;
+    std::string GetCurrentString() const override;
+    void DrawLine(int row) override;
+    void DrawCursor(int /*line*/) override {}
+    void EraseCursor(int /*line*/) override {}
+
+    // Copies the first item-count strings of items.
+    void SetMenuItems(const std::string* items);
+    void SetNumItems(int n);
+    // Kept for the owner; the line does not draw it.
+    void SetDisplayLine(const std::string& text) { displayLine = text; }
+    const std::string& GetDisplayLine() const { return displayLine; }
+    // Out-of-range indices are ignored, and still answered with true.
+    bool SetCurrentValue(int index);
+    int GetSelectedIndex() const { return selectedIndex; }
+
+private:
+    std::string Item(int i) const;
+
+    std::vector<std::string> menuItems;
+    std::string displayLine;
+    int32_t itemCount;
+    int32_t selectedIndex;
+};
+
+}  // namespace FP

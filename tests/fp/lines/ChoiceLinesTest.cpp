@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "fp/lines/ListLine.h"
+#include "fp/lines/SelectLine.h"
+#include "fp/lines/YesNoLine.h"
+#include "tests/fp/lines/LinePanel.h"
+
+using linetest::Engine;
+using linetest::Press;
+using linetest::TextPanel;
+using Cells = std::vector<std::string>;
+
+namespace {
+
+std::vector<std::string> Eleven() {
+    std::vector<std::string> items;
+    for (int i = 1; i <= 11; ++i) {
+        items.push_back("t" + std::to_string(i));
+    }
+    return items;
+}
+
+struct GlyphLine : FP::SelectLine {
+    void DrawCursor(int) override {}
+    void EraseCursor(int) override {}
+};
+
+}  // namespace
+
+TEST(ListLine, ItemsFollowKeyTextOrder) {
+    FP::ListLine eleven(Eleven(), false);
+    EXPECT_EQ(eleven.GetItemTexts(),
+              (Cells{"t1", "t10", "t11", "t2", "t3", "t4", "t5", "t6", "t7", "t8", "t9"}));
+    EXPECT_EQ(eleven.GetItemKeys()[1], "10");
+    EXPECT_EQ(eleven.GetNumItems(), 11);
+
+    FP::ListLine byInt(std::map<int, std::string>{{2, "b"}, {10, "j"}}, false);
+    EXPECT_EQ(byInt.GetItemTexts(), (Cells{"j", "b"}));
+    EXPECT_EQ(byInt.GetItemString("1"), "b");
+    EXPECT_EQ(byInt.GetItemString("-1"), "");
+
+    EXPECT_EQ(FP::ListLine(Cells{"Caf\xC3\xA9"}, true).GetItemString(0u), "Caf-");
+    EXPECT_EQ(FP::ListLine(Cells{"Caf\xC3\xA9"}, false).GetItemString(0u), "Caf\xC3\xA9");
+    const char* words[] = {"unused", "one", "two"};
+    EXPECT_EQ(FP::ListLine(words, 3).GetItemTexts(), (Cells{"one", "two"}));
+}
+
+// Each case loads the engine's value, presses keys and checks what the line
+// shows and what the engine holds afterwards.
+TEST(ListLine, KeysAgainstTheEngine) {
+    struct Case {
+        const char* start;
+        const char* keys;
+        bool readOnly;
+        const char* shown;
+        bool editing;
+        const char* stored;
+    } cases[] = {
+        {"10", "EE", false, "t10", false, "2"},  // key "10" is the second item
+        {"1", "EUUE", false, "t11", false, "3"},
+        {"1", "EDE", false, "t9", false, "11"},  // down wraps to the last item
+        {"1", "EU", false, "t10", true, "1"},    // nothing written while editing
+        {"1", "EUX", false, "t1", false, "1"},   // exit discards the choice
+        {"4", "EUE", true, "t4", false, "4"},    // read-only never edits
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.start) + " " + c.keys);
+        Engine engine(c.start);
+        FP::ListLine line(Eleven(), false);
+        line.SetClient(&engine.fp);
+        line.SetDbInfo("v", "0");
+        line.SetSendDbData(true);
+        line.SetReadOnly(c.readOnly);
+        line.SetCurrentValue();
+        EXPECT_EQ(Press(line, c.keys), c.editing);
+        EXPECT_EQ(line.GetCurrentString(), c.shown);
+        EXPECT_EQ(engine.Value(), c.stored);
+    }
+}
+
+TEST(ListLine, UnknownEngineValueLeavesTheLineAlone) {
+    Engine engine("3");
+    FP::ListLine line(Cells{"a", "b", "c"}, false);
+    line.SetClient(&engine.fp);
+    line.SetDbInfo("v", "0");
+    line.RefreshData();
+    EXPECT_EQ(line.GetCurrentString(), "c");
+    engine.Set("99");
+    line.RefreshData();
+    EXPECT_FALSE(line.SetCurrentValue(std::string("0")));
+    EXPECT_EQ(line.GetCurrentString(), "c");
+    // The unknown keys stay with empty texts; "0" sorts first and shifts the
+    // key-map walk of GetValue.
+    EXPECT_EQ(line.GetKeyMapSize(), 5u);
+    EXPECT_EQ(line.GetValue(), "b");
+    EXPECT_EQ(line.GetItemTexts().size(), 3u);
+}
+
+TEST(ListLine, SkippedItems) {
+    FP::ListLine line(Cells{"a", "b", "c", "d", "e"}, false);
+    line.SetSkipItem(3);
+    line.SetSkipItem(3);
+    line.RemoveSkipItem(5);
+    EXPECT_EQ(line.GetNumItems(), 4);
+    EXPECT_FALSE(line.SetCurrentValue(2));
+    ASSERT_TRUE(line.SetCurrentValue(1));
+    Press(line, "EU");
+    EXPECT_EQ(line.GetCurrentString(), "d");
+    Press(line, "D");
+    EXPECT_EQ(line.GetCurrentString(), "b");
+    Press(line, "DD");  // wraps past "a" to the last item
+    EXPECT_EQ(line.GetCurrentString(), "e");
+    line.RemoveSkipItem(3);
+    EXPECT_EQ(line.GetNumItems(), 5);
+    EXPECT_TRUE(line.SetCurrentValue(2));
+}
+
+TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
+    TextPanel panel(16, 4);
+    panel.WriteWord("################", 2, 0);
+    FP::ListLine line(Cells{"Auto", "ABCDEFGHIJKLMNOPQRS"}, false);
+    line.SetDisplay(&panel);
+    line.SetVariableName("Mode ");
+    line.SetSuffix(" x");
+    line.DrawLine(1);
+    EXPECT_EQ(panel.Row(1), " Mode Auto x    ");
+    EXPECT_EQ(panel.TakeReverse(), Cells{});
+    Press(line, "E");
+    line.DrawLine(1);
+    EXPECT_EQ(panel.Row(1), " Mode           ");
+    EXPECT_EQ(panel.TakeReverse(), Cells{"1,6:Auto x"});
+    Press(line, "UE");
+    line.DrawLine(1);
+    EXPECT_EQ(panel.Row(1), " Mode ABCDEFGHIJ");
+    EXPECT_EQ(panel.Row(2), "################");
+
+    // An empty list shows a dash, still edits, and writes position 1.
+    Engine engine("7");
+    const char* none[] = {"unused"};
+    FP::ListLine empty(none, 1);
+    empty.SetDisplay(&panel);
+    empty.SetClient(&engine.fp);
+    empty.SetDbInfo("v", "0");
+    empty.SetSendDbData(true);
+    empty.DrawLine(3);
+    EXPECT_EQ(panel.Row(3), " -              ");
+    EXPECT_TRUE(Press(empty, "E"));
+    empty.DrawLine(3);
+    EXPECT_EQ(panel.TakeReverse(), Cells{"3,1:-"});
+    EXPECT_EQ(empty.GetCurrentString(), "");
+    Press(empty, "E");
+    EXPECT_EQ(engine.Value(), "1");
+}
+
+TEST(SelectLine, GlyphChoiceAndText) {
+    TextPanel panel(8, 2);
+    GlyphLine line;
+    line.SetDisplay(&panel);
+    line.SetVariableName("G");
+    EXPECT_EQ(line.GetCurrentString(), "0x0x85");
+    line.DrawLine(0);
+    EXPECT_EQ(panel.Row(0), " G\x85     ");
+
+    EXPECT_TRUE(Press(line, "EU"));
+    EXPECT_EQ(line.GetCurrentString(), "0x0x84");
+    line.DrawLine(0);
+    EXPECT_EQ(panel.Row(0), " G      ");
+    EXPECT_EQ(panel.TakeReverse(), Cells{"0,2:\x84"});
+    EXPECT_FALSE(Press(line, "E"));
+    EXPECT_EQ(line.GetSelection(), 1);
+
+    EXPECT_FALSE(Press(line, "EUX"));  // exit restores the committed choice
+    EXPECT_EQ(line.GetSelection(), 1);
+    EXPECT_EQ(line.GetCurrentString(), "0x0x84");
+
+    EXPECT_FALSE(line.SetCurrentValue(2));
+    EXPECT_TRUE(line.SetCurrentValue(0));
+    EXPECT_EQ(line.GetSelection(), 1);  // the selection follows keys only
+    EXPECT_TRUE(line.SetCurrentValue(std::string("whatever")));
+    line.SetReadOnly(true);
+    EXPECT_FALSE(Press(line, "E"));
+}
+
+TEST(YesNoLine, LeftRightAndLayout) {
+    TextPanel wide(16, 2);
+    FP::YesNoLine line;
+    line.SetDisplay(&wide);
+    line.SetNumItems(2);
+    EXPECT_EQ(line.GetCurrentString(), "No");
+    line.DrawLine(1);
+    EXPECT_EQ(wide.Row(1), "   Yes          ");
+    EXPECT_EQ(wide.TakeReverse(), Cells{"1,10:No"});
+
+    EXPECT_TRUE(Press(line, "L"));
+    line.DrawLine(1);
+    EXPECT_EQ(wide.Row(1), "          No    ");
+    EXPECT_EQ(wide.TakeReverse(), Cells{"1,3:Yes"});
+    Press(line, "R");
+    EXPECT_EQ(line.GetCurrentString(), "No");
+    Press(line, "RUDE");  // wraps; other keys change nothing
+    EXPECT_EQ(line.GetCurrentString(), "Yes");
+    EXPECT_FALSE(line.GetEditing());
+
+    EXPECT_TRUE(line.SetCurrentValue(5));
+    EXPECT_EQ(line.GetSelectedIndex(), 0);
+
+    TextPanel narrow(8, 1);
+    line.SetDisplay(&narrow);
+    line.SetReadOnly(true);
+    EXPECT_TRUE(Press(line, "L"));
+    EXPECT_EQ(line.GetSelectedIndex(), 0);
+    line.DrawLine(0);
+    EXPECT_EQ(narrow.Row(0), "Yes     ");  // the last cell takes no word
+    EXPECT_EQ(narrow.TakeReverse(), Cells{});
+}
