@@ -9,8 +9,8 @@ namespace FP {
 
 // A calendar date set field by field ("2024/06/30"): left and right jump
 // between year, month and day, up and down step the field with wrap-around,
-// enter commits. Nothing goes to the data engine; the owner reads the
-// committed fields.
+// enter commits. The line writes nothing back; its owner
+// picks the committed fields up through the getters.
 //
 // Abstract on purpose: the by-value SetCurrentValue below does not override
 // the base's, so a subclass must say how a date arrives as text.

@@ -10,11 +10,11 @@
 
 namespace FP {
 
-// Picks one of a fixed list of texts. Each text stands for a data-engine
-// value (its key); the items are shown in the byte-wise order of the keys,
-// so numbered keys sort as text ("1", "10", "11", "2", ...). On commit the
-// line writes the 1-based position of the chosen item in that order, not
-// its key; the engine values are matched against exactly this.
+// A choice among texts, each mapped to the engine value it represents (its
+// key). Items appear sorted by key as plain strings, so numbered keys come
+// as "1", "10", "11", "2", ... Committing writes where the chosen item
+// stands in that order, counted from 1, and not its key: stored values
+// depend on exactly this.
 class ListLine : public BaseLine {
 public:
     explicit ListLine(bool convertTexts);

@@ -7,14 +7,14 @@
 
 namespace FP {
 
-// Shows and edits a decimal number digit by digit: a zero-padded field of
-// fixed width, optionally with a leading sign, with a fixed number of
-// decimals, clamped to [minimum, maximum]. Up and down add or subtract the
-// place value of the character under the cursor.
+// Edits a decimal value one digit at a time. The field is zero-padded to a
+// set width, may start with '+' or '-', keeps a set count of digits after
+// the point and stays within [minimum, maximum]. Up and down change the value
+// by the weight of the digit under the cursor.
 //
-// The engine holds the number as an integer count of 1 / scale steps:
-// GetDbValue multiplies by scale and rounds to the unit, SendDbData
-// multiplies by the truncated 1 / scale and truncates the result.
+// Stored values are whole counts of 1 / scale steps: reading scales and
+// rounds to the unit, writing multiplies by the truncated 1 / scale and
+// drops the fraction.
 class NumberLine : public BaseLine {
 public:
     NumberLine(const bool& isSigned, const double& unit, const int& decimals, const double& scale);

@@ -8,9 +8,9 @@
 
 namespace FP {
 
-// Picks one of a set of single display characters (by default the panel's
-// glyphs 0x85 and 0x84). The application supplies the cursor drawing in a
-// subclass. The choice stays on the panel: nothing is written to the engine.
+// A choice among panel glyphs, one character each (0x85 and 0x84 unless
+// changed). Applications derive from it to draw their own cursor. The
+// choice is local: it is never written to the engine.
 class SelectLine : public BaseLine {
 public:
     SelectLine();

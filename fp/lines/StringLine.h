@@ -7,9 +7,10 @@
 
 namespace FP {
 
-// A short text edited in place: up and down cycle the character under the
-// cursor through a character set, left and right move, letter and digit
-// keys type. Unused positions show as '_', which never reaches the value.
+// A short text edited in place. Up/Down rotate the selected character within
+// the chosen alphabet, Left/Right step between characters, and letter or
+// digit keys insert themselves. Empty positions read '_' on the panel; that
+// filler is stripped from the value.
 class StringLine : public BaseLine {
 public:
     enum CharacterSet_e : int32_t { AlphaNumeric = 1, Hostname = 2, AllChar = 3 };
@@ -19,7 +20,7 @@ public:
 
     bool KeyPress(const KeyState_t& key) override;
     using BaseLine::SetCurrentValue;
-    // Pads s with '_' to the maximum length; a longer s is kept whole.
+    // Fills s up with '_' to the field length; never shortens it.
     bool SetCurrentValue(const std::string& s) override;
     bool SetCurrentValue(int v);
     // The text without its trailing '_' ("" when it holds nothing else).

@@ -9,8 +9,8 @@ namespace FP {
 
 // A time of day set field by field ("23:59:00"): left and right jump between
 // hour, minute and second, up and down step the field with wrap-around,
-// enter commits. Nothing goes to the data engine; the owner reads the
-// committed fields.
+// enter commits. The line writes nothing back; its owner
+// picks the committed fields up through the getters.
 class TimeLine : public BaseLine {
 public:
     TimeLine();

@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include "fp/lines/IpLine.h"
+#include "fp/lines/MacLine.h"
+#include "tests/fp/lines/EditLineFixture.h"
+
+using EditLines::Press;
+
+TEST(IpLineTest, DigitStepsTypingAndClampingInEditMode) {
+    struct Case {
+        const char* start;
+        const char* min;
+        const char* max;
+        const char* keys;  // after entering edit mode
+        const char* shown;
+        int cursor;
+    } cases[] = {
+        // Stepping holds each octet to 255.
+        {"192.168.1.10", "0.0.0.0", "255.255.255.255", "+", "252.168.001.010", 0},
+        {"192.168.1.10", "0.0.0.0", "255.255.255.255", "++", "052.168.001.010", 0},
+        {"255.0.0.0", "0.0.0.0", "255.255.255.255", ">>+", "250.000.000.000", 2},
+        {"250.0.0.0", "0.0.0.0", "255.255.255.255", ">>-", "255.000.000.000", 2},
+        {"99.0.0.0", "0.0.0.0", "255.255.255.255", "-", "255.000.000.000", 0},
+        {"200.0.0.0", "0.0.0.0", "255.255.255.255", ">-", "250.000.000.000", 1},
+        {"0.0.0.0", "0.0.0.0", "255.255.255.255", ">>-", "009.000.000.000", 2},
+        // Typing: digits that would pass 255 are ignored, others advance.
+        {"1.2.3.4", "0.0.0.0", "255.255.255.255", "192", "192.002.003.004", 4},
+        {"200.0.0.0", "0.0.0.0", "255.255.255.255", ">7", "200.000.000.000", 1},
+        {"200.0.0.0", "0.0.0.0", "255.255.255.255", "3", "200.000.000.000", 0},
+        {"250.0.0.0", "0.0.0.0", "255.255.255.255", ">>6", "250.000.000.000", 2},
+        {"250.0.0.0", "0.0.0.0", "255.255.255.255", ">>5", "255.000.000.000", 4},
+        {"99.0.0.0", "0.0.0.0", "255.255.255.255", "2", "255.000.000.000", 1},
+        {"1.2.3.4", "0.0.0.0", "255.255.255.255", "<9", "001.002.003.009", 0},
+        // Moving applies the limits octet by octet from the first.
+        {"192.168.1.1", "0.0.0.0", "10.0.0.255", ">", "010.000.000.001", 1},
+        {"1.2.3.4", "10.0.0.0", "255.255.255.255", "<", "010.002.003.004", 14},
+        // A typed digit is checked against the limits only at the next move.
+        {"100.0.0.0", "0.0.0.0", "100.0.0.0", "2", "200.000.000.000", 1},
+        {"100.0.0.0", "0.0.0.0", "100.0.0.0", "2>", "100.000.000.000", 2},
+        // The cursor skips the dots and wraps at both ends.
+        {"1.2.3.4", "0.0.0.0", "255.255.255.255", ">>>", "001.002.003.004", 4},
+        {"1.2.3.4", "0.0.0.0", "255.255.255.255", ">>><", "001.002.003.004", 2},
+        {"1.2.3.4", "0.0.0.0", "255.255.255.255", ">>>>>>>>>>>>", "001.002.003.004", 0},
+    };
+    for (const auto& c : cases) {
+        FP::IpLine line;
+        line.SetMinMax(c.min, c.max);
+        line.SetCurrentValue(c.start);
+        EXPECT_TRUE(Press(line, "="));
+        EXPECT_TRUE(Press(line, c.keys));
+        EXPECT_EQ(line.GetCurrentString(), c.shown) << c.start << " + " << c.keys;
+        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.start << " + " << c.keys;
+    }
+}
+
+TEST(IpLineTest, CommitWritesTheEngineExitAndViewingKeysDoNot) {
+    EditLines::Engine engine("10.0.0.2");
+    FP::IpLine line;
+    engine.Bind(line);
+    EXPECT_EQ(line.GetCurrentString(), "10.0.0.2");
+
+    EXPECT_FALSE(Press(line, "=+~"));
+    EXPECT_EQ(line.GetCurrentString(), "10.0.0.2");
+    EXPECT_EQ(engine.Value(), "10.0.0.2");
+
+    EXPECT_FALSE(Press(line, "=+="));
+    EXPECT_EQ(engine.Value(), "110.0.0.2");
+
+    // Outside edit mode the keys change the shown value (110 -> 10) but
+    // write nothing.
+    EXPECT_FALSE(Press(line, "-"));
+    EXPECT_EQ(line.GetCurrentString(), "10.0.0.2");
+    EXPECT_EQ(engine.Value(), "110.0.0.2");
+
+    EXPECT_FALSE(line.SetCurrentValue(42));
+    line.SetReadOnly(true);
+    EXPECT_FALSE(Press(line, "=+="));
+    EXPECT_EQ(engine.Value(), "110.0.0.2");
+}
+
+TEST(IpLineTest, MalformedEngineValueFallsBackToZero) {
+    for (const char* bad : {"10.0.0.999", "10.0.0", "host.example", "", "1.2.3.4.5"}) {
+        EditLines::Engine engine(bad);
+        FP::IpLine line;
+        engine.Bind(line);
+        EXPECT_EQ(line.GetCurrentString(), "0.0.0.0") << bad;
+        Press(line, "=+>9=");
+        EXPECT_EQ(engine.Value(), "190.0.0.0") << bad;
+    }
+}
+
+TEST(MacLineTest, HexStepsAndCursorSkipsColons) {
+    struct Case {
+        const char* start;
+        const char* keys;
+        const char* shown;
+        int cursor;
+    } cases[] = {
+        {"00:00:00:00:00:0F", "<+", "00:00:00:00:00:00", 16},  // left wraps to the end
+        {"09:00:00:00:00:00", ">+", "0A:00:00:00:00:00", 1},
+        {"0A:00:00:00:00:00", ">-", "09:00:00:00:00:00", 1},
+        {"00:00:00:00:00:00", "-", "F0:00:00:00:00:00", 0},
+        {"ab:cd:ef:01:23:45", ">>", "AB:CD:EF:01:23:45", 3},
+        {"ab:cd:ef:01:23:45", ">><", "AB:CD:EF:01:23:45", 1},
+        {"00:00:00:00:00:00", "123", "00:00:00:00:00:00", 0},  // no digit entry
+    };
+    for (const auto& c : cases) {
+        FP::MacLine line(c.start);
+        line.SetRange("00:00:00:00:00:10", "00:00:00:00:00:20");  // never applied
+        EXPECT_TRUE(Press(line, "="));
+        EXPECT_TRUE(Press(line, c.keys));
+        EXPECT_EQ(line.GetCurrentString(), c.shown) << c.start << " + " << c.keys;
+        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.start << " + " << c.keys;
+    }
+}
+
+TEST(MacLineTest, EngineRoundTripAndMalformedValue) {
+    EditLines::Engine engine("not-a-mac");
+    FP::MacLine line;
+    engine.Bind(line);
+    EXPECT_EQ(line.GetCurrentString(), "00:00:00:00:00:00");
+    EXPECT_FALSE(Press(line, "=-~"));
+    EXPECT_EQ(engine.Value(), "not-a-mac");
+    EXPECT_FALSE(Press(line, "=->+="));
+    EXPECT_EQ(engine.Value(), "F1:00:00:00:00:00");
+    EXPECT_EQ(line.GetMacAddress().ToString(), "F1:00:00:00:00:00");
+}
+
+TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
+    EditLines::TextDisplay display;
+    FP::IpLine ip;
+    ip.SetDisplay(&display);
+    ip.SetVariableName("IP:");
+    ip.SetCurrentValue("192.168.1.10");
+    EXPECT_EQ(display.Draw(ip), " IP:192.168.1.10    ");
+    Press(ip, "=>>>");
+    EXPECT_EQ(display.Draw(ip), " IP:192.[1]68.001.010 ");
+
+    FP::MacLine mac("00:1a:2b:3c:4d:5e");
+    mac.SetDisplay(&display);
+    mac.SetVariableName("MAC:");
+    EXPECT_EQ(display.Draw(mac), " MAC:00:1A:2B:3C:4D:");
+    Press(mac, "=<");
+    mac.SetDisplayInEditMode(true);  // the caption makes way for the address
+    EXPECT_EQ(display.Draw(mac), " 00:1A:2B:3C:4D:5[E]  ");
+    EXPECT_EQ(display.Row(0), std::string(20, ' '));
+}
