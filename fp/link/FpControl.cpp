@@ -172,12 +172,19 @@ void FpControl::UnsubscribeFromStatusUpdates() {
 }
 
 void FpControl::SetKeyPressHandler(KeyDelegate handler) {
-    keyListeners_.InsertFront(handler);
+    {
+        std::lock_guard<std::mutex> lock(keyMutex_);
+        keyListeners_.InsertFront(handler);
+    }
     adapter_.SetResponseHandler(OP_KEY, IFpAdapter::Handler(this, &FpControl::HandleKeyPress));
 }
 
 void FpControl::ClearKeyPressHandler() {
+    std::unique_lock<std::mutex> lock(keyMutex_);
     keyListeners_.Clear();
+    if (keyCalls_ > 0 && keyCaller_ == std::this_thread::get_id())
+        return;
+    keyIdle_.wait(lock, [this] { return keyCalls_ == 0; });
 }
 
 void FpControl::SetInitHandler(InitDelegate handler) {
@@ -212,9 +219,23 @@ void FpControl::HandleFan3Speed(Payload const& payload) {
 }
 
 void FpControl::HandleKeyPress(Payload const& payload) {
-    if (keyListeners_.Empty())
-        return;
-    keyListeners_(static_cast<Key_e>(payload[0]), static_cast<KeyState_e>(payload[1]));
+    KeyDelegate listeners;
+    {
+        std::lock_guard<std::mutex> lock(keyMutex_);
+        if (keyListeners_.Empty())
+            return;
+        listeners = keyListeners_;
+        ++keyCalls_;
+        keyCaller_ = std::this_thread::get_id();
+    }
+    listeners(static_cast<Key_e>(payload[0]), static_cast<KeyState_e>(payload[1]));
+    // Notified under the lock: a waiter may destroy this object as soon as it
+    // sees the count drop.
+    std::lock_guard<std::mutex> lock(keyMutex_);
+    if (--keyCalls_ == 0) {
+        keyCaller_ = std::thread::id();
+        keyIdle_.notify_all();
+    }
 }
 
 void FpControl::HandleFpInit(Payload const&) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <condition_variable>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "fp/input/KeyTypes.h"
@@ -92,6 +95,8 @@ public:
     void UnsubscribeFromStatusUpdates();
 
     void SetKeyPressHandler(KeyDelegate handler);
+    // Once this returns no key listener runs any more, unless it is called
+    // from within a key listener (that call finishes on its own).
     void ClearKeyPressHandler();
     void SetInitHandler(InitDelegate handler);
     void ClearInitHandler();
@@ -114,6 +119,13 @@ private:
     TemperatureDelegate temperatureListeners_;
     FanSpeedDelegate fanListeners_;
     KeyDelegate keyListeners_;
+    // Key listeners come and go (a keypad's destructor clears them) while the
+    // read thread delivers keys: the list is copied under this lock, called
+    // outside it, and clearing waits for a delivery under way.
+    std::mutex keyMutex_;
+    std::condition_variable keyIdle_;
+    unsigned keyCalls_ = 0;
+    std::thread::id keyCaller_;
     InitDelegate initListeners_;
 };
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "fp/input/KeyTypes.h"
+#include "kt/Functor.h"
+#include "tov/Ret.h"
+
+namespace FP {
+
+class BaseLine;
+class Display;
+class MenuStyle;
+
+// Walks some rows of a menu as a wizard: enter on an edited wizard row moves
+// the edit to the next one, enter on the last applies them all through the
+// done handler, exit while editing discards. While it runs the rows neither
+// reload nor write their values, so the user's entries survive until then.
+class WizardManager {
+public:
+    explicit WizardManager(MenuStyle* menu);
+
+    // Applies every wizard row's value; its result decides what is shown.
+    void SetWizardDoneHandler(KT::CFunctor<TOV::CRet()> handler) { doneHandler = handler; }
+    // How the manager waits while a message is shown; CThread::Sleep unless
+    // replaced (tests record instead of waiting).
+    void SetSleeper(KT::CFunctor<void(unsigned int)> sleeper) { sleep = sleeper; }
+
+    // The caller adds line to the menu too; steps follow the order of calls.
+    void AddLine(BaseLine* line);
+    void HandleWizardStart();
+    void HandleWizardDone();
+    bool IsStarted() const { return started; }
+
+    // Answers the screen to change to, as the menu's KeyPress does.
+    std::string HandleKeyPress(const KeyState_t& event, Display* display);
+
+private:
+    void Apply(Display* display);
+    void ShowMessage(Display* display, const std::string& first, const std::string& second,
+                     unsigned int ms);
+
+    std::vector<BaseLine*> wizardLines;
+    MenuStyle* menu;
+    bool started;
+    KT::CFunctor<TOV::CRet()> doneHandler;
+    KT::CFunctor<void(unsigned int)> sleep;
+};
+
+}  // namespace FP

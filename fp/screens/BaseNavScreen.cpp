@@ -1,0 +1,46 @@
+#include "fp/screens/BaseNavScreen.h"
+
+#include "fp/lines/DisplayLine.h"
+
+namespace FP {
+
+namespace {
+// Hover symbol telling the user that exit leads somewhere.
+constexpr unsigned char kExitHint = 0x40;
+}  // namespace
+
+BaseNavScreen::BaseNavScreen() : BaseScreen(2000, true), initialized(false) {}
+
+BaseNavScreen::~BaseNavScreen() {
+    // The rows handed to the menu belong to its line container, which deletes
+    // them with the menu; delete here only those that never reached it.
+    for (NavigationMenu_t* entry : entries) {
+        if (menu.GetLineIndex(entry->line) < 0)
+            delete entry->line;
+        delete entry;
+    }
+}
+
+NavigationMenu_t* BaseNavScreen::CreateLine(const std::string& label, const std::string& screen) {
+    auto* entry = new NavigationMenu_t{new DisplayLine(label), screen};
+    if (menu.GetExitScreen() != "No Screen")
+        entry->line->SetHoverNavMask(entry->line->GetHoverNavMask() | kExitHint);
+    entries.push_back(entry);
+    return entry;
+}
+
+void BaseNavScreen::SetupMenu() {
+    for (NavigationMenu_t* entry : entries)
+        menu.AddLine(entry->line, "", entry->screen);
+}
+
+void BaseNavScreen::Initialize() {
+    if (!initialized) {
+        CreateLines();
+        SetupMenu();
+        initialized = true;
+    }
+    DrawScreen();
+}
+
+}  // namespace FP

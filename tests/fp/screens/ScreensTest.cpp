@@ -1,0 +1,207 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <thread>
+
+#include "fp/screens/BaseConfigScreen.h"
+#include "fp/screens/BaseNavScreen.h"
+#include "fp/screens/BaseStatusScreen.h"
+#include "fp/screens/FpClient.h"
+#include "tests/support/ScreenText.h"
+#include "tov/DataStore.h"
+#include "tov/TovClient.h"
+
+namespace {
+
+using fptest::ScreenText;
+
+FP::KeyState_t Key(FP::Key_e k) {
+    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
+}
+
+class MainScreen : public FP::BaseNavScreen {
+public:
+    void CreateLines() override {
+        ++created;
+        CreateLine("Network", "Net");
+        CreateLine("Status", "Stat");
+    }
+    int created = 0;
+};
+
+// Status rows for temp/fan; extra rows only to cross the "more rows" mark.
+class StatScreen : public FP::BaseStatusScreen {
+public:
+    explicit StatScreen(int extra) : extra(extra) {}
+    void CreateLines() override {
+        CreateDisplayLine("Temp:", "sys.temp", "0", "");
+        CreateListLine("Fan:", "sys.fan", "0", std::vector<std::string>{"Off", "On"}, "");
+        for (int i = 0; i < extra; ++i)
+            CreateDisplayLine("Row", "x", "");
+    }
+    void ConfigureMenu() override { menu.SetTitle("Status"); }
+    void HandleEvent(const std::string& n, const TOV::COid& o, const std::string& u,
+                     const std::string& v, const TOV::CParam& p) override {
+        BaseStatusScreen::HandleEvent(n, o, u, v, p);
+        std::lock_guard<std::mutex> lock(m);
+        ++events;
+        cv.notify_all();
+    }
+    bool WaitEvents(int n) {
+        std::unique_lock<std::mutex> lock(m);
+        return cv.wait_for(lock, std::chrono::seconds(10), [&] { return events >= n; });
+    }
+    int Events() {
+        std::lock_guard<std::mutex> lock(m);
+        return events;
+    }
+    int extra;
+    std::mutex m;
+    std::condition_variable cv;
+    int events = 0;
+};
+
+// Writes back on commit, as an application turns its rows on.
+class NetScreen : public FP::BaseConfigScreen {
+public:
+    NetScreen() : BaseConfigScreen(2000, true) {}
+    void CreateLines() override {
+        mode = CreateListLine("Mode:", "net.mode", "0",
+                              std::vector<std::string>{"Off", "Dhcp", "Static", "Bad"}, "");
+    }
+    void BaseConfigureMenu() override {
+        menu.SetTitle("Network");
+        mode->SetDbActive(true);
+        mode->SetSendDbData(true);
+    }
+    FP::BaseLine* mode = nullptr;
+};
+
+class ScreensTest : public ::testing::Test {
+protected:
+    ScreensTest() : display(20, 4) {
+        store.Declare(TOV::CVarDecl("sys.temp").Default("21"));
+        store.Declare(TOV::CVarDecl("sys.fan").Default("2"));
+        store.Declare(TOV::CVarDecl("net.mode").Default("1").Check(TOV::CValidator::Integer(1, 3)));
+        fpClient.Attach();
+    }
+    ~ScreensTest() override { fpClient.Detach(); }
+    template <class S>
+    void Wire(S& screen, const std::string& name) {
+        screen.SetName(name);
+        screen.SetClient(&fpClient);
+        screen.SetDisplay(&display);
+    }
+    std::string Store(const std::string& name) {
+        return store.Read(name, TOV::COid("0")).Val().GetValue();
+    }
+
+    TOV::CDataStore store;
+    TOV::CTovClient client{store};
+    FP::FpClient fpClient{&client};
+    fptest::TextDisplay display;
+};
+
+TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswers) {
+    MainScreen main;
+    main.GetMenu()->SetExitScreen("Home");
+    main.GetMenu()->SetTitle("Main");
+    StatScreen stat(0);
+    stat.GetMenu()->SetExitScreen("Main");
+    std::map<std::string, FP::BaseScreen*> screens{{"Main", &main}, {"Stat", &stat}};
+    Wire(main, "Main");
+    Wire(stat, "Stat");
+    EXPECT_TRUE(main.GetPoll());
+    EXPECT_EQ(main.GetPollTime(), 2000);
+    EXPECT_EQ(stat.GetPollTime(), 100);
+
+    FP::BaseScreen* current = &main;
+    auto press = [&](FP::Key_e k) {
+        const std::string next = current->KeyPress(Key(k));
+        if (screens.count(next)) {
+            current->DeInitialize();
+            current = screens.at(next);
+            current->Initialize();
+        }
+        return next;
+    };
+    main.Initialize();
+    EXPECT_EQ(ScreenText(display), "        Main\n>Network\n Status\n");
+    EXPECT_EQ(display.navMasks.back() & 0x40, 0x40);  // exit leads somewhere
+    EXPECT_EQ(press(FP::KEY_DOWN), "No Screen");
+    EXPECT_EQ(press(FP::KEY_ENTER), "Stat");
+    EXPECT_EQ(ScreenText(display), "       Status\n Temp:21\n Fan:On\n");
+    EXPECT_EQ(press(FP::KEY_EXIT), "Main");
+    EXPECT_EQ(press(FP::KEY_EXIT), "Home");
+    EXPECT_EQ(main.created, 1);  // entries are built once
+}
+
+TEST_F(ScreensTest, StatusHoverMasksCountRowsAndTargets) {
+    StatScreen five(3), six(4);
+    five.SetSelectScreen("No Screen");
+    six.SetSelectScreen("Detail");
+    six.GetMenu()->SetExitScreen("Main");
+    Wire(five, "Five");
+    Wire(six, "Six");
+    five.Initialize();
+    EXPECT_EQ(display.navMasks.back(), 0x00);
+    six.Initialize();
+    EXPECT_EQ(display.navMasks.back(), 0x46);
+    EXPECT_EQ(six.KeyPress(Key(FP::KEY_ENTER)), "Detail");
+    six.DeInitialize();
+    five.DeInitialize();
+}
+
+// The engine's delivery thread draws; this thread only waits meanwhile.
+TEST_F(ScreensTest, StatusRedrawsOnEventsAndUnregistersOnLeave) {
+    StatScreen stat(0);
+    Wire(stat, "Stat");
+    for (int round = 0; round < 3; ++round) {
+        stat.Initialize();
+        stat.DeInitialize();
+    }
+    std::thread([&] { store.Write("other", "sys.temp", TOV::COid("0"), "30"); }).join();
+    ASSERT_TRUE(store.GetDispatcher().WaitIdle(10000));
+    EXPECT_EQ(stat.Events(), 0);  // nothing left registered
+
+    stat.Initialize();
+    std::thread([&] { store.Write("other", "sys.temp", TOV::COid("0"), "42"); }).join();
+    ASSERT_TRUE(stat.WaitEvents(1));
+    ASSERT_TRUE(store.GetDispatcher().WaitIdle(10000));
+    EXPECT_EQ(stat.Events(), 1);  // one registration, one event
+    EXPECT_EQ(ScreenText(display), "       Status\n Temp:42\n Fan:On\n");
+    stat.DeInitialize();
+}
+
+// Queued delivery keeps the redraws of events on this thread.
+TEST_F(ScreensTest, ConfigEditReachesTheEngineOrIsRefused) {
+    TOV::CTovClient queued(store, TOV::CTovClient::DELIVER_QUEUED);
+    FP::FpClient qClient(&queued);
+    NetScreen net;
+    net.SetName("Net");
+    net.SetClient(&qClient);
+    net.SetDisplay(&display);
+    net.Initialize();
+    EXPECT_EQ(net.mode->GetHoverNavMask() & 0x40, 0x40);
+    EXPECT_EQ(net.mode->GetEditNavMask() & 0x40, 0x40);
+    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Off\n\n");
+
+    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER})
+        EXPECT_EQ(net.KeyPress(Key(k)), "No Screen");
+    EXPECT_EQ(Store("net.mode"), "2");
+    EXPECT_EQ(queued.DeliverEvents(), 1u);
+    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Dhcp\n\n");
+
+    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_UP, FP::KEY_ENTER})
+        net.KeyPress(Key(k));
+    EXPECT_EQ(Store("net.mode"), "2");  // "Bad" (4) is refused
+    EXPECT_EQ(queued.DeliverEvents(), 0u);
+    net.DrawScreen();
+    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Dhcp\n\n");
+    net.DeInitialize();
+}
+
+}  // namespace
