@@ -4,22 +4,14 @@
 
 namespace fptest {
 
-namespace {
-
-FPSIM::PanelConfig_t Config(unsigned width, unsigned height, FPSIM::Clock_e clock) {
+PanelHarness::PanelHarness(unsigned width, unsigned height, FPSIM::Clock_e clock) {
+    if (!KT::CStreamSocket::CreatePair(unitEnd_, panelEnd_))
+        ADD_FAILURE() << "no socket pair";
     FPSIM::PanelConfig_t config;
     config.width = width;
     config.height = height;
     config.clock = clock;
-    return config;
-}
-
-}  // namespace
-
-PanelHarness::PanelHarness(unsigned width, unsigned height, FPSIM::Clock_e clock) {
-    if (!KT::CStreamSocket::CreatePair(unitEnd_, panelEnd_))
-        ADD_FAILURE() << "no socket pair";
-    sim_.reset(new FPSIM::PanelSim(panelEnd_, Config(width, height, clock)));
+    sim_.reset(new FPSIM::PanelSim(panelEnd_, config));
     adapter_.reset(new FP::FpAdapter(unitEnd_));
     control_.reset(new FP::FpControl(*adapter_));
     display_.reset(new FP::DisplayHw(*control_, width, height));
