@@ -1,5 +1,7 @@
 #include "fp/link/FpAdapter.h"
 
+#include <mutex>
+
 #include <log4cpp/Category.hh>
 #include <log4cpp/CategoryStream.hh>
 
@@ -27,6 +29,7 @@ bool FpAdapter::IsFrameByte(unsigned char byte) {
 }
 
 void FpAdapter::SetResponseHandler(unsigned char op, Handler const& handler) {
+    std::lock_guard<std::mutex> lock(handlersMutex_);
     handlers_[op] = handler;
 }
 
@@ -120,10 +123,14 @@ void FpAdapter::ProcessResponse(Payload const& frame) {
         responseSem_.Signal();
         return;
     }
-    auto it = handlers_.find(op);
-    if (it == handlers_.end())
-        return;
-    Handler handler = it->second;
+    Handler handler;
+    {
+        std::lock_guard<std::mutex> lock(handlersMutex_);
+        auto it = handlers_.find(op);
+        if (it == handlers_.end())
+            return;
+        handler = it->second;
+    }
     handler(payload);
 }
 

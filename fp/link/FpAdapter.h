@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <deque>
 #include <map>
+#include <mutex>
 #include <utility>
 
 #include "fp/link/IFpAdapter.h"
@@ -40,7 +41,6 @@ public:
     FpAdapter(const FpAdapter&) = delete;
     FpAdapter& operator=(const FpAdapter&) = delete;
 
-    // Not locked: install handlers before frames for them can arrive.
     void SetResponseHandler(unsigned char op, Handler const& handler) override;
     bool SendCommand(unsigned char op, Payload const& payload) override;
     Payload SendRequest(unsigned char op, Payload const& payload) override;
@@ -73,6 +73,9 @@ private:
     KT::CStreamSocket& socket_;
     KT::CThread thread_;
     std::map<unsigned char, Handler> handlers_;
+    // Handlers may be installed while frames flow (a subscription made at run
+    // time); the read thread copies the handler out under this lock.
+    std::mutex handlersMutex_;
     std::deque<std::pair<unsigned char, Payload>> pending_;
     // Answers arrive in request order, so the answered entries are always the
     // first ones of the queue; this counts them.

@@ -31,10 +31,12 @@ FpControl::FpControl(IFpAdapter& adapter)
     : log_(log4cpp::Category::getInstance("fpcontrol")), adapter_(adapter) {}
 
 FpControl::~FpControl() {
-    temperatureListeners_.Clear();
-    fanListeners_.Clear();
-    keyListeners_.Clear();
-    initListeners_.Clear();
+    // Waits for a delivery under way; the adapter's handlers stay registered,
+    // so it must still be destroyed first or kept quiet.
+    ClearListeners(temperatureListeners_);
+    ClearListeners(fanListeners_);
+    ClearListeners(keyListeners_);
+    ClearListeners(initListeners_);
 }
 
 unsigned char FpControl::GetTesselSlotId() {
@@ -131,7 +133,10 @@ void FpControl::SubscribeToStatusUpdates(unsigned char interval, bool temperatur
 
     unsigned char mask = 0;
     if (!fans.empty()) {
-        fanListeners_.Append(onFanSpeed);
+        {
+            std::lock_guard<std::mutex> lock(listenersMutex_);
+            fanListeners_.Append(onFanSpeed);
+        }
         for (Fan_e fan : fans) {
             switch (fan) {
                 case FAN_1:
@@ -155,7 +160,10 @@ void FpControl::SubscribeToStatusUpdates(unsigned char interval, bool temperatur
         }
     }
     if (temperature) {
-        temperatureListeners_.Append(onTemperature);
+        {
+            std::lock_guard<std::mutex> lock(listenersMutex_);
+            temperatureListeners_.Append(onTemperature);
+        }
         mask |= 0x01;
         adapter_.SetResponseHandler(OP_TEMPERATURE,
                                     IFpAdapter::Handler(this, &FpControl::HandleTemperature));
@@ -166,46 +174,71 @@ void FpControl::SubscribeToStatusUpdates(unsigned char interval, bool temperatur
 
 void FpControl::UnsubscribeFromStatusUpdates() {
     adapter_.SendCommand(OP_SUBSCRIBE, Bytes({0x00}));
-    temperatureListeners_.Clear();
-    fanListeners_.Clear();
+    ClearListeners(temperatureListeners_);
+    ClearListeners(fanListeners_);
     log_.debug("%s() done", "UnsubscribeFromStatusUpdates");
+}
+
+template <class List, class... Args>
+void FpControl::Deliver(const List& listeners, Args... args) {
+    List copy;
+    {
+        std::lock_guard<std::mutex> lock(listenersMutex_);
+        if (listeners.Empty())
+            return;
+        copy = listeners;
+        ++calls_;
+        caller_ = std::this_thread::get_id();
+    }
+    copy(args...);
+    // Notified under the lock: a waiter may destroy this object as soon as it
+    // sees the count drop.
+    std::lock_guard<std::mutex> lock(listenersMutex_);
+    if (--calls_ == 0) {
+        caller_ = std::thread::id();
+        idle_.notify_all();
+    }
+}
+
+template <class List>
+void FpControl::ClearListeners(List& listeners) {
+    std::unique_lock<std::mutex> lock(listenersMutex_);
+    listeners.Clear();
+    if (calls_ > 0 && caller_ == std::this_thread::get_id())
+        return;
+    idle_.wait(lock, [this] { return calls_ == 0; });
 }
 
 void FpControl::SetKeyPressHandler(KeyDelegate handler) {
     {
-        std::lock_guard<std::mutex> lock(keyMutex_);
+        std::lock_guard<std::mutex> lock(listenersMutex_);
         keyListeners_.InsertFront(handler);
     }
     adapter_.SetResponseHandler(OP_KEY, IFpAdapter::Handler(this, &FpControl::HandleKeyPress));
 }
 
 void FpControl::ClearKeyPressHandler() {
-    std::unique_lock<std::mutex> lock(keyMutex_);
-    keyListeners_.Clear();
-    if (keyCalls_ > 0 && keyCaller_ == std::this_thread::get_id())
-        return;
-    keyIdle_.wait(lock, [this] { return keyCalls_ == 0; });
+    ClearListeners(keyListeners_);
 }
 
 void FpControl::SetInitHandler(InitDelegate handler) {
-    initListeners_.InsertFront(handler);
+    {
+        std::lock_guard<std::mutex> lock(listenersMutex_);
+        initListeners_.InsertFront(handler);
+    }
     adapter_.SetResponseHandler(OP_INIT, IFpAdapter::Handler(this, &FpControl::HandleFpInit));
 }
 
 void FpControl::ClearInitHandler() {
-    initListeners_.Clear();
+    ClearListeners(initListeners_);
 }
 
 void FpControl::HandleTemperature(Payload const& payload) {
-    if (temperatureListeners_.Empty())
-        return;
-    temperatureListeners_(static_cast<short>(Be16(payload)));
+    Deliver(temperatureListeners_, static_cast<short>(Be16(payload)));
 }
 
 void FpControl::HandleFanSpeed(Fan_e fan, Payload const& payload) {
-    if (fanListeners_.Empty())
-        return;
-    fanListeners_(fan, Be16(payload));
+    Deliver(fanListeners_, fan, Be16(payload));
 }
 
 void FpControl::HandleFan1Speed(Payload const& payload) {
@@ -219,29 +252,11 @@ void FpControl::HandleFan3Speed(Payload const& payload) {
 }
 
 void FpControl::HandleKeyPress(Payload const& payload) {
-    KeyDelegate listeners;
-    {
-        std::lock_guard<std::mutex> lock(keyMutex_);
-        if (keyListeners_.Empty())
-            return;
-        listeners = keyListeners_;
-        ++keyCalls_;
-        keyCaller_ = std::this_thread::get_id();
-    }
-    listeners(static_cast<Key_e>(payload[0]), static_cast<KeyState_e>(payload[1]));
-    // Notified under the lock: a waiter may destroy this object as soon as it
-    // sees the count drop.
-    std::lock_guard<std::mutex> lock(keyMutex_);
-    if (--keyCalls_ == 0) {
-        keyCaller_ = std::thread::id();
-        keyIdle_.notify_all();
-    }
+    Deliver(keyListeners_, static_cast<Key_e>(payload[0]), static_cast<KeyState_e>(payload[1]));
 }
 
 void FpControl::HandleFpInit(Payload const&) {
-    if (initListeners_.Empty())
-        return;
-    initListeners_();
+    Deliver(initListeners_);
 }
 
 }  // namespace FP

@@ -116,17 +116,23 @@ private:
 
     log4cpp::Category& log_;
     IFpAdapter& adapter_;
+    template <class List, class... Args>
+    void Deliver(const List& listeners, Args... args);
+    template <class List>
+    void ClearListeners(List& listeners);
+
     TemperatureDelegate temperatureListeners_;
     FanSpeedDelegate fanListeners_;
     KeyDelegate keyListeners_;
-    // Key listeners come and go (a keypad's destructor clears them) while the
-    // read thread delivers keys: the list is copied under this lock, called
-    // outside it, and clearing waits for a delivery under way.
-    std::mutex keyMutex_;
-    std::condition_variable keyIdle_;
-    unsigned keyCalls_ = 0;
-    std::thread::id keyCaller_;
     InitDelegate initListeners_;
+    // Listeners come and go (a keypad's destructor clears its own) while the
+    // read thread delivers: a list is copied under this lock and called
+    // outside it, and clearing waits for a delivery under way unless the
+    // listener itself is clearing.
+    std::mutex listenersMutex_;
+    std::condition_variable idle_;
+    unsigned calls_ = 0;
+    std::thread::id caller_;
 };
 
 }  // namespace FP
