@@ -40,8 +40,10 @@ bool CMacAddress::Parse(const std::string& text) {
     for (int i = 0; i < 6 && ok; ++i) {
         int hi = HexValue(text[i * 3]);
         int lo = HexValue(text[i * 3 + 1]);
-        if (hi < 0 || lo < 0)
+        if (hi < 0 || lo < 0) {
             ok = false;
+            break;  // no value to shift
+        }
         out[i] = static_cast<unsigned char>((hi << 4) | (lo & 0xF));
         if (i < 5 && text[i * 3 + 2] != ':' && text[i * 3 + 2] != '-')
             ok = false;

@@ -170,6 +170,8 @@ bool CDataStore::Resolve(const std::string& entry, std::string& name, std::strin
 CRet CDataStore::Collect(const CParam& request, const std::string* value) const {
     std::lock_guard<std::mutex> lock(mutex_);
     CParam out;
+    // A flag of its own: an empty entry fails too but leaves the list empty.
+    bool failed = false;
     std::string unresolved;
     auto add = [&](const std::string& name, const std::string& instance, const std::string& v) {
         if (value && v != *value)
@@ -180,7 +182,8 @@ CRet CDataStore::Collect(const CParam& request, const std::string* value) const 
         const std::string& entry = request[i].GetValue();
         std::string name, instance;
         if (!Resolve(entry, name, instance)) {
-            unresolved += (unresolved.empty() ? "" : ", ") + entry;
+            unresolved += (failed ? ", " : "") + entry;
+            failed = true;
             continue;
         }
         const Var_t* var = Find(name);
@@ -191,7 +194,7 @@ CRet CDataStore::Collect(const CParam& request, const std::string* value) const 
             add(name, instance, var->values.at(instance));
         }
     }
-    if (!unresolved.empty())
+    if (failed)
         return CRet(false, "Unknown variables: " + unresolved, out);
     return CRet::Ok(out);
 }

@@ -75,6 +75,10 @@ void ListLine::SetNumItems(int n) {
 
 void ListLine::SetSkipItem(int n) {
     const int32_t index = n - 1;
+    // A number that names no item would only shift the walk off the list.
+    if (index < 0 || index >= static_cast<int32_t>(itemTexts.size())) {
+        return;
+    }
     auto at = std::lower_bound(skipList.begin(), skipList.end(), index);
     if (at == skipList.end() || *at != index) {
         skipList.insert(at, index);
@@ -165,14 +169,22 @@ std::string ListLine::GetValue() const {
     return std::next(keyMap.begin(), currentIndex)->second;
 }
 
+void ListLine::FollowCursor() {
+    // With every item skipped the cursor stands on none; keep the choice.
+    const int item = GetItem(cursor.GetCursorIndex());
+    if (item >= 0 && item < static_cast<int>(itemTexts.size()) && !IsSkipped(item)) {
+        editIndex = item;
+    }
+}
+
 void ListLine::KeyPressUp() {
     cursor.MoveCursorRight();
-    editIndex = GetItem(cursor.GetCursorIndex());
+    FollowCursor();
 }
 
 void ListLine::KeyPressDown() {
     cursor.MoveCursorLeft();
-    editIndex = GetItem(cursor.GetCursorIndex());
+    FollowCursor();
 }
 
 bool ListLine::KeyPress(const KeyState_t& key) {

@@ -64,6 +64,8 @@ public:
 private:
     void SetupBase();
     bool IsSkipped(int index) const;
+    // Takes the item under the cursor as the edited choice, if there is one.
+    void FollowCursor();
 
     std::vector<KT::CFunctor<void(std::string)>> callbacks;
     std::vector<std::string> itemTexts;

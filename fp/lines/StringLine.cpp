@@ -139,13 +139,16 @@ void StringLine::PutCharacter(char c) {
     if (i < 0 || static_cast<size_t>(i) > editText.size()) {
         return;
     }
+    const size_t before = editText.size();
     editText.insert(static_cast<size_t>(i), 1, c);
     // Typing inserts, so the padding is pushed right and drops off where the
-    // row ends.
+    // row ends. A caption that fills the row leaves no room at all; the text
+    // then keeps its length rather than growing with every key.
     if (display) {
         const int room = static_cast<int>(display->GetDisplayWidth()) - TextColumn();
-        if (room >= 0 && editText.size() > static_cast<size_t>(room)) {
-            editText.resize(static_cast<size_t>(room));
+        const size_t keep = room >= 0 ? static_cast<size_t>(room) : before;
+        if (editText.size() > keep) {
+            editText.resize(keep);
         }
     }
     cursor.MoveCursorRight();

@@ -4,6 +4,13 @@
 
 namespace FP {
 
+namespace {
+bool OnDisplay(const Display& d, int row, int column) {
+    return row >= 0 && column >= 0 && static_cast<unsigned>(row) < d.GetDisplayHeight() &&
+           static_cast<unsigned>(column) < d.GetDisplayWidth();
+}
+}  // namespace
+
 Cursor::Cursor()
     : display(nullptr),
       cursorIndex(0),
@@ -185,7 +192,10 @@ void Cursor::DrawCursor(int line, const std::string& text) {
         case CURSOR_EDIT:
             // An index outside the value shows nothing rather than reading
             // past the text.
-            if (cursorIndex >= 0 && static_cast<size_t>(cursorIndex) < text.size()) {
+            // Nor is a cell off the display drawn: the panel would put it
+            // wherever its own text position happens to be.
+            if (cursorIndex >= 0 && static_cast<size_t>(cursorIndex) < text.size() &&
+                OnDisplay(*display, cursorColumn, line + cursorPosition)) {
                 display->WriteReverseChar(static_cast<unsigned char>(text[cursorIndex]),
                                           cursorColumn, line + cursorPosition);
             }
