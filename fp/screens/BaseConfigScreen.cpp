@@ -84,7 +84,9 @@ void BaseConfigScreen::Initialize() {
         variableValues = client->GetVars(FPUSER, variableRequest).Val();
     initialized = true;
     Register();
+    BaseLine* title = menu.GetTitle();
     BaseConfigureMenu();
+    DropReplacedTitle(title);
     SetupScreenAccessMode();
     menu.ResetCursor();
     menu.DrawScreen(DRAW_FULL);

@@ -15,7 +15,7 @@ class BaseLine;
 
 // An editable screen of engine variables. The concrete screen creates its
 // rows in CreateLines with the factories below; each row writes its own edits
-// (the screen has no apply step). Each time the screen comes up it reads all
+// (the screen has no apply step). On every Initialize it fetches all
 // its variables, watches them, puts the cursor on the first row and draws.
 class BaseConfigScreen : public BaseEventScreen {
 public:

@@ -39,6 +39,11 @@ std::string BaseScreen::KeyPress(const KeyState_t& key) {
     return menu.KeyPress(key);
 }
 
+void BaseScreen::DropReplacedTitle(BaseLine* before) {
+    if (before != menu.GetTitle())
+        delete before;
+}
+
 void BaseScreen::SetClient(FpClient* c) {
     client = c;
     menu.SetClient(c);

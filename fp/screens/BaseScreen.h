@@ -11,6 +11,7 @@ class CMutex;
 
 namespace FP {
 
+class BaseLine;
 class Display;
 class FpClient;
 class Keypad;
@@ -51,6 +52,10 @@ public:
     KT::CMutex* GetMutex() const { return mutex; }
 
 protected:
+    // Deletes before when the menu's title is no longer it: hooks that run
+    // on every Initialize set a fresh title each time.
+    void DropReplacedTitle(BaseLine* before);
+
     bool accessMode;
     bool drawUpdatedVars;
     MenuStyleBasic menu;

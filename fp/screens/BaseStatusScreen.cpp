@@ -148,7 +148,9 @@ void BaseStatusScreen::Initialize() {
     if (client)
         variableValues = client->GetVars(FPUSER, variableRequest).Val();
     Register();
+    BaseLine* title = menu.GetTitle();
     ConfigureMenu();
+    DropReplacedTitle(title);
     menu.DrawScreen(DRAW_FULL);
 }
 
