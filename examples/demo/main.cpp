@@ -122,8 +122,7 @@ int RunScript(const std::string& script, const FPDEMO::DemoOptions_t& o,
 
 // Shown when there is no terminal to draw in and no script: a walk through
 // the screens.
-const char kTour[] =
-    "ENTER EXIT DOWN ENTER DOWN EXIT DOWN DOWN DOWN ENTER EXIT DOWN DOWN ENTER EXIT";
+const char kTour[] = "ENTER EXIT DOWN ENTER DOWN EXIT DOWN DOWN DOWN ENTER EXIT DOWN ENTER";
 
 }  // namespace
 
