@@ -35,8 +35,9 @@ void Put(int y, int x, const std::string& text) {
 
 }  // namespace
 
-CursesScreen::CursesScreen(PanelServer& server, const PanelOptions_t& options)
-    : server_(server), options_(options), tracker_(options.releaseMs) {
+CursesScreen::CursesScreen(PanelView& panel, const PanelOptions_t& options,
+                           const std::string& title)
+    : server_(panel), title_(title), options_(options), tracker_(options.releaseMs) {
     std::setlocale(LC_ALL, "");
     utf8_ = std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0;
     set_escdelay(25);  // Esc is a panel key; do not let it lag
@@ -74,7 +75,7 @@ void CursesScreen::Draw() {
 
     int y = 0;
     attron(A_BOLD);
-    Put(y++, 0, "fp-panel  " + indicators[0]);
+    Put(y++, 0, title_ + "  " + indicators[0]);
     attroff(A_BOLD);
     y++;
     const std::string border = "+" + std::string(grid.Width(), '-') + "+";

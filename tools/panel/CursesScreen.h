@@ -7,7 +7,7 @@
 
 #include "tools/panel/HeldKeyTracker.h"
 #include "tools/panel/PanelOptions.h"
-#include "tools/panel/PanelServer.h"
+#include "tools/panel/PanelView.h"
 
 namespace FPPANEL {
 
@@ -16,7 +16,9 @@ namespace FPPANEL {
 // HeldKeyTracker.
 class CursesScreen {
 public:
-    CursesScreen(PanelServer& server, const PanelOptions_t& options);
+    // title heads the screen (the program's name).
+    CursesScreen(PanelView& panel, const PanelOptions_t& options,
+                 const std::string& title = "fp-panel");
     ~CursesScreen();
     CursesScreen(const CursesScreen&) = delete;
     CursesScreen& operator=(const CursesScreen&) = delete;
@@ -30,7 +32,8 @@ private:
     void Draw();
     void Send(const std::vector<HeldKeyTracker::Event_t>& events);
 
-    PanelServer& server_;
+    PanelView& server_;
+    const std::string title_;
     const PanelOptions_t options_;
     bool utf8_ = false;
     HeldKeyTracker tracker_;

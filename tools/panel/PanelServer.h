@@ -14,6 +14,7 @@
 #include "sim/PanelSim.h"
 #include "tools/panel/PanelOptions.h"
 #include "tools/panel/PanelText.h"
+#include "tools/panel/PanelView.h"
 
 namespace FPPANEL {
 
@@ -21,12 +22,12 @@ namespace FPPANEL {
 // emulator; when the unit goes away it waits for the next connection. The
 // simulated readings outlive connections. All public methods are safe to call
 // from any thread.
-class PanelServer {
+class PanelServer : public PanelView {
 public:
     using LogSink = KT::CFunctor<void(const std::string& line)>;
 
     explicit PanelServer(const PanelOptions_t& options);
-    ~PanelServer();
+    ~PanelServer() override;
     PanelServer(const PanelServer&) = delete;
     PanelServer& operator=(const PanelServer&) = delete;
 
@@ -40,22 +41,22 @@ public:
 
     // The current (or, between connections, the last) panel state; a blank
     // display before the first connection.
-    FPSIM::PanelState_t Snapshot() const;
-    PanelInfo_t Info() const;
+    FPSIM::PanelState_t Snapshot() const override;
+    PanelInfo_t Info() const override;
     // Bumped on every change of state or connection, so a screen can tell
     // when to redraw without being called back.
-    uint64_t ChangeCount() const { return changes_.load(); }
+    uint64_t ChangeCount() const override { return changes_.load(); }
 
     // Key messages; false when no unit is connected or the write failed.
-    bool KeyDown(int key);
-    bool KeyUp(int key);
+    bool KeyDown(int key) override;
+    bool KeyUp(int key) override;
     bool Press(int key);
     bool Hold(int key, unsigned ms);
 
     void SetTemperature(int16_t temperature);
-    void AdjustTemperature(int delta);
+    void AdjustTemperature(int delta) override;
     void SetFanSpeed(unsigned fan, uint16_t speed);  // fan 0..2
-    void AdjustFanSpeeds(int delta);
+    void AdjustFanSpeeds(int delta) override;
 
 private:
     bool AcceptRun();

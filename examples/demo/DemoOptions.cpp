@@ -1,0 +1,131 @@
+#include "examples/demo/DemoOptions.h"
+
+#include <cstdlib>
+
+#include "tools/panel/PanelOptions.h"
+
+namespace FPDEMO {
+
+namespace {
+
+bool ValidPanel(const std::string& a) {
+    for (const char* scheme : {"tcp:", "unix:", "serial:"})
+        if (a.compare(0, std::string(scheme).size(), scheme) == 0 &&
+            a.size() > std::string(scheme).size())
+            return true;
+    return false;
+}
+
+}  // namespace
+
+std::string DemoOptions::StateDir() {
+    const char* xdg = std::getenv("XDG_STATE_HOME");
+    if (xdg && *xdg)
+        return std::string(xdg) + "/fp-demo";
+    const char* home = std::getenv("HOME");
+    return std::string(home && *home ? home : ".") + "/.local/state/fp-demo";
+}
+
+DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, DemoOptions_t& out,
+                                         std::string& error) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string name = argv[i];
+        auto value = [&](std::string& to) {
+            if (i + 1 >= argc) {
+                error = name + " needs a value";
+                return false;
+            }
+            to = argv[++i];
+            return true;
+        };
+        std::string v;
+        if (name == "-h" || name == "--help") {
+            return PARSE_HELP;
+        } else if (name == "--version") {
+            return PARSE_VERSION;
+        } else if (name == "--panel") {
+            if (!value(out.panel))
+                return PARSE_ERROR;
+            if (!ValidPanel(out.panel)) {
+                error = "bad panel address '" + out.panel +
+                        "' (tcp:HOST:PORT, unix:PATH or serial:DEVICE[@BAUD])";
+                return PARSE_ERROR;
+            }
+        } else if (name == "--db") {
+            if (!value(out.db))
+                return PARSE_ERROR;
+        } else if (name == "--log") {
+            if (!value(out.log))
+                return PARSE_ERROR;
+        } else if (name == "--keys") {
+            if (!value(out.keys))
+                return PARSE_ERROR;
+            out.headless = true;
+        } else if (name == "--print-var") {
+            if (!value(v))
+                return PARSE_ERROR;
+            out.printVars.push_back(v);
+            out.headless = true;
+        } else if (name == "--size") {
+            if (!value(v))
+                return PARSE_ERROR;
+            if (!FPPANEL::PanelOptions::ParseSize(v, out.width, out.height) || out.width < 16 ||
+                out.height < 2) {
+                error = "bad size '" + v + "' (WIDTHxHEIGHT, at least 16x2)";
+                return PARSE_ERROR;
+            }
+        } else if (name == "--headless") {
+            out.headless = true;
+        } else if (name == "--trace") {
+            out.trace = true;
+            out.headless = true;
+        } else if (name == "--ascii") {
+            out.ascii = true;
+        } else if (name == "--debug") {
+            out.debug = true;
+        } else {
+            error = "unknown option '" + name + "'";
+            return PARSE_ERROR;
+        }
+    }
+    return PARSE_OK;
+}
+
+std::string DemoOptions::Usage(const std::string& program) {
+    const std::string state = StateDir();
+    return "Usage: " + program +
+           " [OPTIONS]\n"
+           "A sample unit built on the front-panel library: menus, status, network and\n"
+           "display settings, date and time, a setup wizard, on an emulated panel.\n"
+           "\n"
+           "In a terminal it shows the emulated panel; use the arrow keys, Enter and Esc.\n"
+           "Without a terminal it plays a short guided tour and prints it.\n"
+           "\n"
+           "Options:\n"
+           "  --panel ADDR       drive another panel instead of the built-in emulator:\n"
+           "                     tcp:HOST:PORT, unix:PATH (e.g. an fp-panel) or\n"
+           "                     serial:DEVICE[@BAUD] (a real panel); reconnects if it drops\n"
+           "  --db PATH          settings file (default " +
+           state +
+           "/settings.db);\n"
+           "                     ':memory:' keeps nothing\n"
+           "  --log PATH         log file (default " +
+           state +
+           "/fp-demo.log)\n"
+           "  --debug            log debug lines too\n"
+           "  --headless         no screen: play --keys, print the panel, exit\n"
+           "  --keys SCRIPT      keys to play, e.g. \"DOWN DOWN ENTER\"; names as fp-panel's\n"
+           "                     (UP DOWN LEFT RIGHT ENTER EXIT BACKSPACE DELETE SPACE 0-9\n"
+           "                     a-z A-Z); WAIT MS pauses. Implies --headless\n"
+           "  --trace            print the panel after every key, not just at the end\n"
+           "  --print-var NAME   print an engine variable at the end (repeatable)\n"
+           "  --ascii            panel symbols as ASCII stand-ins\n"
+           "  --size WxH         panel size (default 20x4)\n"
+           "  --version          print the version\n"
+           "  -h, --help         this text\n"
+           "\n"
+           "Keys in the terminal: arrows, Enter, Esc (back), Backspace, Delete, digits,\n"
+           "letters; F5 refresh; F2/F3 temperature, F6/F7 fans; Ctrl-Q or F10 quits.\n";
+}
+
+}  // namespace FPDEMO

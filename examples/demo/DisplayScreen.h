@@ -1,0 +1,19 @@
+#pragma once
+
+#include "fp/screens/BaseConfigScreen.h"
+
+namespace FPDEMO {
+
+// Panel brightness. The unit applies a new value to the panel as soon as the
+// engine accepts it (it watches the variable), not this screen.
+class DisplayScreen : public FP::BaseConfigScreen {
+public:
+    DisplayScreen();
+    void CreateLines() override;
+    void BaseConfigureMenu() override;
+
+private:
+    FP::BaseLine* brightness_ = nullptr;
+};
+
+}  // namespace FPDEMO

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vector>
+
+#include "fp/screens/BaseConfigScreen.h"
+
+namespace FPDEMO {
+
+// The unit's network settings; each row writes its value when committed.
+class NetworkScreen : public FP::BaseConfigScreen {
+public:
+    NetworkScreen();
+    void CreateLines() override;
+    void BaseConfigureMenu() override;
+
+private:
+    std::vector<FP::BaseLine*> editable_;
+};
+
+}  // namespace FPDEMO

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "fp/menu/WizardManager.h"
+#include "fp/screens/BaseConfigScreen.h"
+
+namespace FPDEMO {
+
+// First-time setup: host name, address, netmask and gateway entered one after
+// the other and applied together, or not at all. A gateway outside the
+// address's subnet is refused.
+class WizardScreen : public FP::BaseConfigScreen {
+public:
+    WizardScreen();
+    void CreateLines() override;
+    void BaseConfigureMenu() override;
+    std::string KeyPress(const FP::KeyState_t& key) override;
+
+private:
+    TOV::CRet Apply();
+
+    FP::WizardManager wizard_;
+    std::vector<FP::BaseLine*> steps_;
+    bool applied_ = false;
+};
+
+}  // namespace FPDEMO

@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+std::string Slurp(const std::string& path) {
+    std::ifstream in(path);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// Polls until done() or the deadline; wide, so slow sanitizer builds pass.
+bool WaitFor(const std::function<bool()>& done, int seconds = 20) {
+    const auto end = Clock::now() + std::chrono::seconds(seconds);
+    while (!done()) {
+        if (Clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return true;
+}
+
+// A program run in the background, its output going to a file.
+class Child {
+public:
+    Child(std::vector<std::string> argv, const std::string& out) {
+        pid_ = fork();
+        if (pid_ == 0) {
+            freopen("/dev/null", "r", stdin);
+            freopen(out.c_str(), "w", stdout);
+            dup2(fileno(stdout), 2);
+            std::vector<char*> args;
+            for (auto& a : argv)
+                args.push_back(&a[0]);
+            args.push_back(nullptr);
+            execv(args[0], args.data());
+            _exit(127);
+        }
+    }
+    ~Child() {
+        if (pid_ > 0) {
+            kill(pid_, SIGKILL);
+            Wait();
+        }
+    }
+    void Signal(int signo) { kill(pid_, signo); }
+    // Exit code, or -1 when it did not end in time.
+    int Wait(int seconds = 30) {
+        int status = 0;
+        bool ended = WaitFor([&] { return waitpid(pid_, &status, WNOHANG) == pid_; }, seconds);
+        if (ended)
+            pid_ = -1;
+        return ended && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+private:
+    pid_t pid_ = -1;
+};
+
+class DemoTest : public ::testing::Test {
+protected:
+    DemoTest() {
+        char tmpl[] = "/tmp/fp-demo-test-XXXXXX";
+        dir = mkdtemp(tmpl);
+    }
+    ~DemoTest() override { std::system(("rm -rf " + dir).c_str()); }
+    // Runs fp-demo to the end; answers its exit code, output in out.
+    int Demo(std::vector<std::string> args, std::string& out) {
+        args.insert(args.begin(), {FP_DEMO_EXE, "--ascii", "--log", dir + "/demo.log"});
+        Child child(args, dir + "/out");
+        const int rc = child.Wait();
+        out = Slurp(dir + "/out");
+        return rc;
+    }
+    std::string dir;
+};
+
+// Network row, address row, type 192.168.001.020, commit.
+const char kEditAddress[] = "DOWN ENTER DOWN ENTER 1 9 2 1 6 8 0 0 1 0 2 0 ENTER";
+
+TEST_F(DemoTest, EditedAddressReachesTheEngineAndSurvivesARestart) {
+    const std::string db = dir + "/settings.db";
+    std::string out;
+    ASSERT_EQ(Demo({"--db", db, "--keys", kEditAddress, "--print-var", "net.ipAddress"}, out), 0)
+        << out;
+    EXPECT_NE(out.find("== end [Network]"), std::string::npos) << out;
+    EXPECT_NE(out.find(">IP:192.168.1.20 "), std::string::npos) << out;
+    EXPECT_NE(out.find("net.ipAddress=192.168.1.20\n"), std::string::npos) << out;
+
+    ASSERT_EQ(Demo({"--db", db, "--print-var", "net.ipAddress"}, out), 0) << out;
+    EXPECT_NE(out.find("net.ipAddress=192.168.1.20\n"), std::string::npos) << out;
+
+    // Nothing kept without a file; bad scripts are refused before anything runs.
+    ASSERT_EQ(Demo({"--db", ":memory:", "--print-var", "net.ipAddress"}, out), 0) << out;
+    EXPECT_NE(out.find("net.ipAddress=192.168.1.10\n"), std::string::npos) << out;
+    EXPECT_EQ(Demo({"--keys", "DOWN SIDEWAYS"}, out), 2);
+    EXPECT_NE(out.find("unknown key 'SIDEWAYS'"), std::string::npos) << out;
+    EXPECT_EQ(Demo({"--keys", "WAIT soon"}, out), 2);
+}
+
+TEST_F(DemoTest, WizardRefusesAGatewayOutsideTheSubnet) {
+    // Wizard, walk host, address and netmask, type gateway 010.000.000.001, apply.
+    std::string out;
+    ASSERT_EQ(
+        Demo({"--db", ":memory:", "--keys",
+              "DOWN DOWN DOWN DOWN ENTER ENTER ENTER ENTER ENTER 0 1 0 0 0 0 0 0 0 0 0 1 ENTER",
+              "--print-var", "net.gateway", "--print-var", "net.hostName"},
+             out),
+        0)
+        << out;
+    EXPECT_NE(out.find("== end [Wizard]"), std::string::npos) << out;
+    EXPECT_NE(out.find(">Gw:192.168.1.1 "), std::string::npos) << out;  // rows reloaded
+    EXPECT_NE(out.find("net.gateway=192.168.1.1\n"), std::string::npos) << out;
+    EXPECT_NE(out.find("net.hostName=fp-demo\n"), std::string::npos) << out;
+    EXPECT_NE(Slurp(dir + "/demo.log").find("Invalid Input: gateway 10.0.0.1 is outside"),
+              std::string::npos);
+}
+
+TEST_F(DemoTest, ReconnectsWhenAnExternalPanelComesBack) {
+    const std::string address = "unix:" + dir + "/panel.sock";
+    const std::vector<std::string> panelArgs{FP_PANEL_EXE, "--headless", "--dump-on-change",
+                                             "--ascii",    "--listen",   address};
+    std::unique_ptr<Child> panel(new Child(panelArgs, dir + "/panel1"));
+    ASSERT_TRUE(WaitFor([&] { return access((dir + "/panel.sock").c_str(), F_OK) == 0; }));
+    Child demo({FP_DEMO_EXE, "--log", dir + "/demo.log", "--db", ":memory:", "--panel", address,
+                "--keys", "WAIT 8000 DOWN"},
+               dir + "/demo");
+    ASSERT_TRUE(WaitFor([&] {
+        return Slurp(dir + "/panel1").find("Main Menu") != std::string::npos;
+    })) << Slurp(dir + "/panel1");
+
+    panel->Signal(SIGTERM);
+    EXPECT_EQ(panel->Wait(), 0);
+    ASSERT_TRUE(
+        WaitFor([&] { return Slurp(dir + "/demo").find("link lost") != std::string::npos; }));
+    panel.reset(new Child(panelArgs, dir + "/panel2"));
+    ASSERT_TRUE(WaitFor([&] {
+        return Slurp(dir + "/demo").find("link restored") != std::string::npos;
+    })) << Slurp(dir + "/demo");
+    // The new panel gets the whole screen, without a key pressed.
+    EXPECT_TRUE(WaitFor([&] {
+        return Slurp(dir + "/panel2").find("Main Menu") != std::string::npos;
+    })) << Slurp(dir + "/panel2");
+    EXPECT_EQ(demo.Wait(), 0) << Slurp(dir + "/demo");
+}
+
+TEST_F(DemoTest, DrawsThePanelInARealTerminalAndQuitsOnCtrlQ) {
+    if (std::system("command -v tmux >/dev/null 2>&1") != 0)
+        GTEST_SKIP() << "tmux is not installed";
+    const std::string session = "fpdemo" + std::to_string(getpid());
+    auto tmux = [&](const std::string& args) {
+        return std::system(("tmux -L " + session + " " + args + " >/dev/null 2>&1").c_str());
+    };
+    auto screen = [&] {
+        std::system(("tmux -L " + session + " capture-pane -p -t " + session + " > " + dir +
+                     "/pane 2>/dev/null")
+                        .c_str());
+        return Slurp(dir + "/pane");
+    };
+    ASSERT_EQ(tmux("new-session -d -x 120 -y 40 -s " + session + " '" + FP_DEMO_EXE +
+                   " --db :memory: --log " + dir + "/demo.log'"),
+              0);
+    EXPECT_TRUE(WaitFor([&] { return screen().find("Main Menu") != std::string::npos; }))
+        << screen();
+    tmux("send-keys -t " + session + " Down Enter");
+    EXPECT_TRUE(WaitFor([&] { return screen().find("DHCP:Off") != std::string::npos; }))
+        << screen();
+    EXPECT_EQ(screen().find("fpcontrol"), std::string::npos);  // no log on the screen
+    tmux("send-keys -t " + session + " C-q");
+    EXPECT_TRUE(WaitFor([&] { return tmux("has-session -t " + session) != 0; }, 10));
+    tmux("kill-server");
+}
+
+}  // namespace
