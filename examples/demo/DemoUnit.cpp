@@ -278,6 +278,10 @@ void DemoUnit::SetUpPanel() {
     const std::string brightness =
         store_.Read(Var::kBrightness, TOV::COid(Var::kInstance)).Val().GetValue();
     control.SetBrightness((unsigned char)std::atoi(brightness.c_str()));
+    // The unit is up: say so on the panel's status LED and run its fans.
+    control.SetUnitStatus(FP::FpControl::STATUS_OK);
+    control.SetLed(FP::FpControl::LED_0, true);
+    control.SetTesselFanState(true);
     Write(Var::kSlotId, std::to_string(control.GetTesselSlotId()));
     Write(Var::kSlotVoltage, KT::Str::Format("%.1f", control.GetTesselSlotVoltage()));
     const std::string version = control.GetVersion();
