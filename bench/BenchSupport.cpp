@@ -25,13 +25,13 @@ void Die(const char* what) {
 }
 }  // namespace
 
-PanelLink::PanelLink(unsigned width, unsigned height) {
+PanelLink::PanelLink(unsigned width, unsigned height, FPSIM::Clock_e clock) {
     if (!KT::CStreamSocket::CreatePair(unitEnd_, panelEnd_))
         Die("no socket pair");
     FPSIM::PanelConfig_t config;
     config.width = width;
     config.height = height;
-    config.clock = FPSIM::TIME_REAL;
+    config.clock = clock;
     sim_.reset(new FPSIM::PanelSim(panelEnd_, config));
     adapter_.reset(new FP::FpAdapter(unitEnd_));
     control_.reset(new FP::FpControl(*adapter_));

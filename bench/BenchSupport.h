@@ -24,10 +24,12 @@ inline double Nanos(Clock::time_point from, Clock::time_point to) {
 double Percentile(std::vector<double>& samples, double share);
 
 // The unit's link stack on one end of a socket pair, the emulator core on the
-// other, running on the real clock, as an application wires them.
+// other, as an application wires them. The emulator's clock is real unless
+// told otherwise.
 class PanelLink {
 public:
-    PanelLink(unsigned width = 20, unsigned height = 4);
+    explicit PanelLink(unsigned width = 20, unsigned height = 4,
+                       FPSIM::Clock_e clock = FPSIM::TIME_REAL);
     ~PanelLink();
     PanelLink(const PanelLink&) = delete;
     PanelLink& operator=(const PanelLink&) = delete;
