@@ -1,0 +1,76 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "fp/link/FpAdapter.h"
+#include "fp/link/FpControl.h"
+#include "kt/StreamSocket.h"
+#include "sim/PanelSim.h"
+
+namespace fpbench {
+
+using Clock = std::chrono::steady_clock;
+
+// Nanoseconds between two instants of the steady clock.
+inline double Nanos(Clock::time_point from, Clock::time_point to) {
+    return static_cast<double>(
+        std::chrono::duration_cast<std::chrono::nanoseconds>(to - from).count());
+}
+
+// The value below which the given share (0..1) of the samples lie; sorts them.
+double Percentile(std::vector<double>& samples, double share);
+
+// The unit's link stack on one end of a socket pair, the emulator core on the
+// other, as an application wires them. The emulator's clock is real unless
+// told otherwise.
+class PanelLink {
+public:
+    explicit PanelLink(unsigned width = 20, unsigned height = 4,
+                       FPSIM::Clock_e clock = FPSIM::TIME_REAL);
+    ~PanelLink();
+    PanelLink(const PanelLink&) = delete;
+    PanelLink& operator=(const PanelLink&) = delete;
+
+    FPSIM::PanelSim& Sim() { return *sim_; }
+    FP::FpAdapter& Adapter() { return *adapter_; }
+    FP::FpControl& Control() { return *control_; }
+
+private:
+    KT::CStreamSocket unitEnd_;
+    KT::CStreamSocket panelEnd_;
+    std::unique_ptr<FPSIM::PanelSim> sim_;
+    std::unique_ptr<FP::FpAdapter> adapter_;
+    std::unique_ptr<FP::FpControl> control_;
+};
+
+// The unit's link stack on one end of a socket pair whose other end a thread
+// reads and throws away, counting the bytes: the panel as a sink.
+class DrainedLink {
+public:
+    DrainedLink();
+    ~DrainedLink();
+    DrainedLink(const DrainedLink&) = delete;
+    DrainedLink& operator=(const DrainedLink&) = delete;
+
+    FP::FpAdapter& Adapter() { return *adapter_; }
+    FP::FpControl& Control() { return *control_; }
+    // The unit's end, for writing bytes past the adapter.
+    KT::CStreamSocket& UnitEnd() { return unitEnd_; }
+    // Bytes the drain has read so far.
+    uint64_t Drained() const;
+    // Waits until the drain has read at least bytes bytes in total.
+    void WaitDrained(uint64_t bytes) const;
+
+private:
+    struct Drain;
+    KT::CStreamSocket unitEnd_;
+    KT::CStreamSocket panelEnd_;
+    std::unique_ptr<Drain> drain_;
+    std::unique_ptr<FP::FpAdapter> adapter_;
+    std::unique_ptr<FP::FpControl> control_;
+};
+
+}  // namespace fpbench

@@ -1,0 +1,112 @@
+// The stack at rest: a bound menu drawn on the emulated panel, the keypad
+// watching, the engine idle. Reports the process's resident memory and how
+// often each of its threads wakes up while nothing happens.
+#include <benchmark/benchmark.h>
+#include <dirent.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <string>
+#include <thread>
+
+#include "bench/BenchSupport.h"
+#include "fp/display/DisplayHw.h"
+#include "fp/input/Keypad.h"
+#include "fp/lines/DisplayLine.h"
+#include "fp/menu/MenuStyleBasic.h"
+#include "fp/screens/FpClient.h"
+#include "tov/DataStore.h"
+#include "tov/TovClient.h"
+#include "tov/VarDecl.h"
+
+namespace {
+
+// A field of a /proc status file, as a number (kB for memory).
+double StatusField(const std::string& path, const std::string& field) {
+    std::ifstream in(path);
+    std::string line;
+    while (std::getline(in, line))
+        if (line.compare(0, field.size() + 1, field + ":") == 0)
+            return std::atof(line.c_str() + field.size() + 1);
+    return 0;
+}
+
+// Context switches of every thread of the process, by thread id and name.
+std::map<std::string, double> ThreadSwitches() {
+    std::map<std::string, double> out;
+    DIR* dir = opendir("/proc/self/task");
+    if (!dir)
+        return out;
+    while (dirent* e = readdir(dir)) {
+        if (e->d_name[0] == '.')
+            continue;
+        const std::string task = std::string("/proc/self/task/") + e->d_name;
+        std::string name;
+        std::getline(std::ifstream(task + "/comm"), name);
+        out[name + "#" + e->d_name] = StatusField(task + "/status", "voluntary_ctxt_switches") +
+                                      StatusField(task + "/status", "nonvoluntary_ctxt_switches");
+    }
+    closedir(dir);
+    return out;
+}
+
+class NoKeys : public FP::IKeyPress {
+public:
+    void OnKeyPress(FP::Key_e) override {}
+};
+
+void BM_Idle(benchmark::State& state) {
+    const char* env = std::getenv("FP_BENCH_IDLE_SECONDS");
+    const double seconds = env ? std::atof(env) : 3.0;
+    // The emulator on its manual clock: it stands for hardware and must not
+    // add wake-ups of its own to the process.
+    fpbench::PanelLink link(20, 4, FPSIM::TIME_MANUAL);
+    link.Sim().Start();
+    FP::DisplayHw display(link.Control(), 20, 4);
+    FP::Keypad keypad(link.Control());
+    NoKeys keys;
+    keypad.SetCallback(&keys);
+    keypad.StartThreads();
+    TOV::CDataStore store;
+    TOV::CTovClient client(store);
+    FP::FpClient fp(&client);
+    FP::MenuStyleBasic menu;
+    for (int i = 0; i < 10; ++i)
+        store.Declare(TOV::CVarDecl("idle.v" + std::to_string(i)).Default(std::to_string(i)));
+    menu.SetDisplay(&display);
+    menu.SetClient(&fp);
+    menu.SetTitle("Idle");
+    for (int i = 0; i < 10; ++i)
+        menu.AddLine(new FP::DisplayLine("idle.v" + std::to_string(i), "0"), "Value ");
+    menu.DrawScreen(FP::DRAW_FULL);
+    link.Control().GetDisplayType();
+
+    for (auto _ : state) {
+        const auto before = ThreadSwitches();
+        std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+        const auto after = ThreadSwitches();
+        double total = 0;
+        for (const auto& t : after) {
+            auto b = before.find(t.first);
+            const double d = t.second - (b == before.end() ? 0 : b->second);
+            // The measuring thread's own sleep is not the stack's.
+            if (t.first.rfind("fp_bench_idle#", 0) == 0)
+                continue;
+            total += d;
+            if (d > 0)
+                state.counters["wake/s " + t.first.substr(0, t.first.find('#'))] += d / seconds;
+        }
+        state.counters["wakeups_per_s"] = total / seconds;
+        state.counters["limit_per_s"] = 1000.0 / FP::Keypad::kWatchWaitMs;
+    }
+    state.counters["rss_kB"] = StatusField("/proc/self/status", "VmRSS");
+    state.counters["threads"] = static_cast<double>(ThreadSwitches().size());
+    delete menu.GetTitle();
+}
+BENCHMARK(BM_Idle)->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
