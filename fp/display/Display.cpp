@@ -16,7 +16,6 @@ Display::Display(unsigned int width, unsigned int height)
     // SelectWindow would send nothing anyway.
     windows.push_back(new DisplayWindow(0, width, height));
     selectedWindow = windows.front();
-    staleRows.assign(height, false);
     Display::ClearDisplay();
     Display::SetCursorPosition(0, 0);
 }
@@ -99,8 +98,6 @@ void Display::SendLine(unsigned int line) {
         lineBuffer.assign(start, strnlen(start, count));
         SendLineUpdate(lineBuffer, line);
     }
-    if (line < staleRows.size())
-        staleRows[line] = true;
     for (auto it = reverseWords.begin(); it != reverseWords.end();) {
         if (it->line == line) {
             ReverseWord_t word = *it;
@@ -120,39 +117,17 @@ void Display::UpdateDisplay(DisplayWindow* window) {
     if (window != nullptr && window->GetTextLength() > 0) {
         std::string text(window->GetText());
         if (lastSentText.empty() || lastSentText != text) {
-            std::string previous;
-            previous.swap(lastSentText);
             lastSentText = text;
-            if (!lastSentText.empty() && !SendChangedLines(previous, lastSentText)) {
+            if (!lastSentText.empty()) {
                 SendWindowUpdate(lastSentText);
-                std::fill(staleRows.begin(), staleRows.end(), false);
             }
         }
     }
     std::vector<ReverseWord_t> pending;
     pending.swap(reverseWords);
     for (const ReverseWord_t& word : pending) {
-        if (word.line < staleRows.size())
-            staleRows[word.line] = true;
         SendReverseWord(word.text, word.column, word.line);
     }
-}
-
-bool Display::SendChangedLines(const std::string& previous, const std::string& text) {
-    // A refresh usually changes a value or two; resending every row would put
-    // several times the needed bytes on a slow link. Only whole screens of the
-    // display's size can be compared row by row.
-    const std::size_t cells = static_cast<std::size_t>(width) * height;
-    if (width == 0 || previous.size() != cells || text.size() != cells)
-        return false;
-    for (unsigned int row = 0; row < height; ++row) {
-        const std::size_t at = static_cast<std::size_t>(row) * width;
-        if (staleRows[row] || previous.compare(at, width, text, at, width) != 0) {
-            SendLineUpdate(text.substr(at, width), row);
-            staleRows[row] = false;
-        }
-    }
-    return true;
 }
 
 int Display::WriteBlock(const std::string& text, unsigned int line, DisplayLineFormat_e format,

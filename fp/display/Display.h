@@ -89,18 +89,11 @@ protected:
     bool disableShown;
 
 private:
-    // Sends only the rows of text that differ from what was last sent; false
-    // when the two cannot be compared row by row.
-    bool SendChangedLines(const std::string& previous, const std::string& text);
-
     DisplayWindow* selectedWindow;
     std::vector<DisplayWindow*> windows;
     std::vector<ReverseWord_t> reverseWords;
     std::string lineBuffer;
     std::string lastSentText;
-    // Rows the panel may show differently from lastSentText (sent on their
-    // own or overlaid with reverse words); they go out with the next update.
-    std::vector<bool> staleRows;
     std::unique_ptr<TextAdjustment> textAdjustment;
     unsigned int height;
     unsigned int width;
