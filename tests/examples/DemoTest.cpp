@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
+
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include "tests/support/Emulator.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -43,11 +45,13 @@ public:
             freopen("/dev/null", "r", stdin);
             freopen(out.c_str(), "w", stdout);
             dup2(fileno(stdout), 2);
+            std::vector<std::string> words = fptest::EmulatorPrefix();
+            words.insert(words.end(), argv.begin(), argv.end());
             std::vector<char*> args;
-            for (auto& a : argv)
+            for (auto& a : words)
                 args.push_back(&a[0]);
             args.push_back(nullptr);
-            execv(args[0], args.data());
+            execvp(args[0], args.data());
             _exit(127);
         }
     }
@@ -171,9 +175,10 @@ TEST_F(DemoTest, DrawsThePanelInARealTerminalAndQuitsOnCtrlQ) {
                         .c_str());
         return Slurp(dir + "/pane");
     };
-    ASSERT_EQ(tmux("new-session -d -x 120 -y 40 -s " + session + " '" + FP_DEMO_EXE +
-                   " --db :memory: --log " + dir + "/demo.log'"),
-              0);
+    ASSERT_EQ(
+        tmux("new-session -d -x 120 -y 40 -s " + session + " '" + fptest::EmulatorCommandPrefix() +
+             FP_DEMO_EXE + " --db :memory: --log " + dir + "/demo.log'"),
+        0);
     EXPECT_TRUE(WaitFor([&] { return screen().find("Main Menu") != std::string::npos; }))
         << screen();
     tmux("send-keys -t " + session + " Down Enter");

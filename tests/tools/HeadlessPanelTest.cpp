@@ -1,8 +1,13 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include "tests/support/Emulator.h"
 
 #include <chrono>
 #include <string>
@@ -33,8 +38,15 @@ protected:
             ::dup2(out[1], 1);
             ::close(in[1]);
             ::close(out[0]);
-            ::execl(FP_PANEL_EXE, "fp-panel", "--headless", "--listen", listen.c_str(), "--size",
-                    "8x2", "--slot", "7", nullptr);
+            std::vector<std::string> words = fptest::EmulatorPrefix();
+            for (const char* w : {FP_PANEL_EXE, "--headless", "--listen", listen.c_str(), "--size",
+                                  "8x2", "--slot", "7"})
+                words.push_back(w);
+            std::vector<char*> args;
+            for (auto& w : words)
+                args.push_back(&w[0]);
+            args.push_back(nullptr);
+            ::execvp(args[0], args.data());
             ::_exit(127);
         }
         ::close(in[0]);
