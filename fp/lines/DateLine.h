@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "fp/lines/FieldEdit.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {
@@ -27,37 +27,26 @@ public:
     void KeyRight() override;
     bool SetCurrentValue(std::string value);
     // The committed text, also while editing.
-    std::string GetCurrentString() const override { return curString; }
+    std::string GetCurrentString() const override { return fields.CurString(); }
     void DrawLine(int row) override;
     void DrawCursor(int /*row*/) override {}
     void EraseCursor(int /*row*/) override {}
 
-    int GetYear() const { return curYear; }
-    int GetMonth() const { return curMonth; }
-    int GetDay() const { return curDay; }
+    int GetYear() const { return fields.Committed(0); }
+    int GetMonth() const { return fields.Committed(1); }
+    int GetDay() const { return fields.Committed(2); }
     // Out-of-range values are ignored. Only the committed field changes;
     // the texts are rebuilt by the next step or commit.
     void SetYear(int year);
     void SetMonth(int month);
     void SetDay(int day);
-    const std::string& GetEditString() const { return tempString; }
+    const std::string& GetEditString() const { return fields.TempString(); }
 
-    void UpdateCurString();
-    void UpdateTempString();
+    void UpdateCurString() { fields.UpdateCurString(); }
+    void UpdateTempString() { fields.UpdateTempString(); }
 
 private:
-    // 0 year, 1 month, 2 day, from the cursor index.
-    int Field() const;
-    void Step(int delta);
-
-    std::string curString;
-    std::string tempString;
-    int32_t curYear;
-    int32_t curMonth;
-    int32_t curDay;
-    int32_t tempYear;
-    int32_t tempMonth;
-    int32_t tempDay;
+    FieldEdit fields;
 };
 
 }  // namespace FP

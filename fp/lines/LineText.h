@@ -38,6 +38,15 @@ inline void PadRow(Display& display, int row, int column, int lineWidth) {
     }
 }
 
+// Clears the row and writes offset blanks and the caption; returns the
+// column where the value starts.
+inline int WriteCaption(Display& display, int row, int offset, const std::string& caption) {
+    display.ClearLine(static_cast<unsigned int>(row));
+    WriteRow(display, std::string(offset > 0 ? static_cast<size_t>(offset) : 0, ' ') + caption, row,
+             0);
+    return offset + static_cast<int>(caption.size());
+}
+
 // Characters pos..pos+n of text, or fewer (none) where text is shorter.
 inline std::string Part(const std::string& text, size_t pos, size_t n) {
     return pos < text.size() ? text.substr(pos, n) : std::string();

@@ -98,19 +98,10 @@ void MacLine::KeyLeft() {
 
 bool MacLine::KeyPress(const KeyState_t& key) {
     cursor.EraseCursor(0);
+    if (ArrowKey(key.key)) {
+        return editing;
+    }
     switch (key.key) {
-        case KEY_LEFT:
-            KeyLeft();
-            break;
-        case KEY_UP:
-            KeyUp();
-            break;
-        case KEY_RIGHT:
-            KeyRight();
-            break;
-        case KEY_DOWN:
-            KeyDown();
-            break;
         case KEY_EXIT:
             editing = false;
             return false;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "fp/lines/FieldEdit.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {
@@ -27,37 +27,26 @@ public:
     // A time is not taken from text: always false.
     bool SetCurrentValue(const std::string& value) override;
     // The committed text, also while editing.
-    std::string GetCurrentString() const override { return curString; }
+    std::string GetCurrentString() const override { return fields.CurString(); }
     void DrawLine(int row) override;
     void DrawCursor(int /*row*/) override {}
     void EraseCursor(int /*row*/) override {}
 
-    int GetHour() const { return curHour; }
-    int GetMinute() const { return curMinute; }
-    int GetSecond() const { return curSecond; }
+    int GetHour() const { return fields.Committed(0); }
+    int GetMinute() const { return fields.Committed(1); }
+    int GetSecond() const { return fields.Committed(2); }
     // Out-of-range values are ignored. Only the committed field changes;
     // the texts are rebuilt by the next step or commit.
     void SetHour(int hour);
     void SetMinute(int minute);
     void SetSecond(int second);
-    const std::string& GetEditString() const { return tempString; }
+    const std::string& GetEditString() const { return fields.TempString(); }
 
-    void UpdateCurString();
-    void UpdateTempString();
+    void UpdateCurString() { fields.UpdateCurString(); }
+    void UpdateTempString() { fields.UpdateTempString(); }
 
 private:
-    // 0 hour, 1 minute, 2 second, from the cursor index.
-    int Field() const;
-    void Step(int delta);
-
-    std::string curString;
-    std::string tempString;
-    int32_t curHour;
-    int32_t curMinute;
-    int32_t curSecond;
-    int32_t tempHour;
-    int32_t tempMinute;
-    int32_t tempSecond;
+    FieldEdit fields;
 };
 
 }  // namespace FP

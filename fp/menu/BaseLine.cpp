@@ -29,20 +29,30 @@ BaseLine::BaseLine()
 
 BaseLine::~BaseLine() = default;
 
-bool BaseLine::KeyPress(const KeyState_t& key) {
-    switch (key.key) {
+bool BaseLine::ArrowKey(Key_e key) {
+    switch (key) {
         case KEY_LEFT:
             KeyLeft();
-            break;
+            return true;
         case KEY_UP:
             KeyUp();
-            break;
+            return true;
         case KEY_RIGHT:
             KeyRight();
-            break;
+            return true;
         case KEY_DOWN:
             KeyDown();
-            break;
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool BaseLine::KeyPress(const KeyState_t& key) {
+    if (ArrowKey(key.key)) {
+        return editing;
+    }
+    switch (key.key) {
         case KEY_ENTER:
             KeyEnter();
             break;

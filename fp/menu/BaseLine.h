@@ -91,6 +91,8 @@ public:
     bool GetGetDataFromDb() const { return getDataFromDb; }
 
 protected:
+    // Calls the handler of an arrow key; false for any other key.
+    bool ArrowKey(Key_e key);
     bool IsBound() const { return !dbName.empty() && !dbInstance.empty(); }
 
     std::string variableName;

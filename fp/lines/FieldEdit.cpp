@@ -1,0 +1,95 @@
+#include "fp/lines/FieldEdit.h"
+
+#include "fp/lines/LineText.h"
+#include "kt/Str.h"
+
+namespace FP {
+
+FieldEdit::FieldEdit(const Layout_t& l, int first, int second, int third)
+    : layout(l), cur{first, second, third}, temp{first, second, third} {
+    UpdateCurString();
+    UpdateTempString();
+}
+
+void FieldEdit::SetCommitted(int field, int value) {
+    if (value >= layout.bottom[field] && value <= layout.top[field]) {
+        cur[field] = value;
+    }
+}
+
+void FieldEdit::UpdateCurString() {
+    curString = KT::Str::Format(layout.format, cur[0], cur[1], cur[2]);
+}
+
+void FieldEdit::UpdateTempString() {
+    tempString = KT::Str::Format(layout.format, temp[0], temp[1], temp[2]);
+}
+
+int FieldEdit::Field(int index) const {
+    return index < layout.start[1] - 1 ? 0 : index < layout.start[2] - 1 ? 1 : 2;
+}
+
+void FieldEdit::Step(int index, int delta) {
+    const int f = Field(index);
+    int value = temp[f] + delta;
+    if (delta > 0 && value > layout.top[f]) {
+        value = layout.bottom[f];
+    } else if (delta < 0 && value < layout.bottom[f]) {
+        value = layout.top[f];
+    }
+    temp[f] = value;
+    UpdateTempString();
+}
+
+void FieldEdit::JumpRight(Cursor& cursor) const {
+    const int i = cursor.GetCursorIndex();
+    const int f = Field(i);
+    const int steps = (f == 2 ? layout.textLength : layout.start[f + 1]) - i;
+    for (int n = 0; n < steps; ++n) {
+        cursor.MoveCursorRight();
+    }
+}
+
+void FieldEdit::JumpLeft(Cursor& cursor) const {
+    // Three steps back from a later field, which from the second lands
+    // inside the first (still the first field).
+    const int i = cursor.GetCursorIndex();
+    const int steps = Field(i) == 0 ? i + 2 : 3;
+    for (int n = 0; n < steps; ++n) {
+        cursor.MoveCursorLeft();
+    }
+}
+
+void FieldEdit::EditKey(Key_e key, bool& editing, bool readOnly) {
+    if (key == KEY_EXIT) {
+        editing = false;
+    } else if (key == KEY_ENTER && editing) {
+        editing = false;
+        curString = tempString;
+        for (int f = 0; f < 3; ++f) {
+            cur[f] = temp[f];
+        }
+    } else if (key == KEY_ENTER && !readOnly) {
+        editing = true;
+        tempString = curString;
+        for (int f = 0; f < 3; ++f) {
+            temp[f] = cur[f];
+        }
+    }
+}
+
+void FieldEdit::Draw(Display& display, int row, int column, bool editing, int index,
+                     int lineWidth) const {
+    const std::string& text = editing ? tempString : curString;
+    LineText::WriteRow(display, text, row, column);
+    if (editing) {
+        // A field out of its range may print wider than its place; then only
+        // what lies in the text is shown.
+        const int f = Field(index);
+        LineText::WriteReverseRow(display, LineText::Part(text, layout.start[f], layout.length[f]),
+                                  row, column + layout.start[f]);
+    }
+    LineText::PadRow(display, row, column + static_cast<int>(text.size()), lineWidth);
+}
+
+}  // namespace FP

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "fp/display/Display.h"
+#include "fp/input/KeyTypes.h"
+#include "fp/menu/Cursor.h"
+
+namespace FP {
+
+// The three numeric fields behind a date or time line: the committed values
+// and a working copy, both also kept as text. The owning line keeps its own
+// API and just forwards; what differs between the kinds is the layout.
+class FieldEdit {
+public:
+    struct Layout_t {
+        const char* format;  // printf format of the three fields
+        int textLength;      // length of a well-formed text
+        int bottom[3];       // field ranges, inclusive
+        int top[3];
+        int start[3];  // field positions in a well-formed text
+        int length[3];
+    };
+
+    // No range check: the fields are taken as given.
+    FieldEdit(const Layout_t& layout, int first, int second, int third);
+
+    int Committed(int field) const { return cur[field]; }
+    // Out of range is ignored; the texts are not rebuilt.
+    void SetCommitted(int field, int value);
+    const std::string& CurString() const { return curString; }
+    const std::string& TempString() const { return tempString; }
+    void UpdateCurString();
+    void UpdateTempString();
+
+    // The field a cursor index is in; a separator counts to the field after it.
+    int Field(int index) const;
+    // Steps the working field under the cursor, wrapping at its ends.
+    void Step(int index, int delta);
+    // To the start of the next field, or past the text from the last one.
+    void JumpRight(Cursor& cursor) const;
+    // To the previous field; from the first this wraps round to the last.
+    void JumpLeft(Cursor& cursor) const;
+    // Enter commits the working copy or, unless read-only, starts editing from
+    // the committed fields; exit leaves without committing.
+    void EditKey(Key_e key, bool& editing, bool readOnly);
+    // The shown text from column on, the field under the cursor reversed
+    // while editing, blanks up to lineWidth.
+    void Draw(Display& display, int row, int column, bool editing, int index, int lineWidth) const;
+
+private:
+    Layout_t layout;
+    int32_t cur[3];
+    int32_t temp[3];
+    std::string curString;
+    std::string tempString;
+};
+
+}  // namespace FP
