@@ -2,14 +2,12 @@
 
 #include <string>
 
+#include "fp/core/Names.h"
 #include "fp/screens/BaseScreen.h"
 #include "tov/ManagedEventSink.h"
 #include "tov/Param.h"
 
 namespace FP {
-
-// The data-engine user under which screens read their variables.
-constexpr char FPUSER[] = "tov.fp";
 
 // A screen bound to engine variables: it registers itself for their change
 // events and redraws its menu on each. Events arrive on the engine's delivery

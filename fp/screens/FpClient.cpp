@@ -3,13 +3,13 @@
 #include <cstdio>
 #include <log4cpp/Category.hh>
 
+#include "fp/core/Names.h"
 #include "kt/Thread.h"
 
 namespace FP {
 
 namespace {
-// Every read and write the panel makes on its own is made as this user.
-const std::string kUser = "tov.fp";
+// The unit's own instance of a variable.
 const std::string kUnitInstance = "0";
 }  // namespace
 
@@ -74,7 +74,7 @@ std::string FpClient::GetData(std::string const& name, std::string const& instan
         std::fflush(stdout);
         return "";
     }
-    return client_->GetVar(kUser, name, TOV::COid(instance), true).Val().ToString("");
+    return client_->GetVar(FPUSER, name, TOV::COid(instance), true).Val().ToString("");
 }
 
 std::string FpClient::GetData(char* name, char const* instance) {
@@ -84,7 +84,7 @@ std::string FpClient::GetData(char* name, char const* instance) {
         std::fflush(stdout);
         return "";
     }
-    return client_->GetVar(kUser, name, TOV::COid(instance), true).Val().ToString("");
+    return client_->GetVar(FPUSER, name, TOV::COid(instance), true).Val().ToString("");
 }
 
 TOV::CParam FpClient::GetGroups(std::string const& name) {
@@ -94,7 +94,7 @@ TOV::CParam FpClient::GetGroups(std::string const& name) {
     entry.Clear(0);
     entry.Assign(name);
     request.AddParam(entry);
-    return client_->GetGroups(kUser, request, TOV::COid(".0"), false).Val();
+    return client_->GetGroups(FPUSER, request, TOV::COid(".0"), false).Val();
 }
 
 bool FpClient::SendData(std::string const& name, std::string const& instance,
@@ -103,18 +103,18 @@ bool FpClient::SendData(std::string const& name, std::string const& instance,
         log_.debug("SendData Error: %s, Instance: %s", name.c_str(), instance.c_str());
         return false;
     }
-    client_->SendOp(kUser, name, TOV::COid(instance), value);
+    client_->SendOp(FPUSER, name, TOV::COid(instance), value);
     return true;
 }
 
 bool FpClient::SendDataWait(std::string const& name, std::string const& instance,
                             std::string const& value) {
-    return client_->SendOp(kUser, name, TOV::COid(instance), value).Success();
+    return client_->SendOp(FPUSER, name, TOV::COid(instance), value).Success();
 }
 
 std::string FpClient::SendDataWaitMsg(std::string const& name, std::string const& instance,
                                       std::string const& value) {
-    return client_->SendOp(kUser, name, TOV::COid(instance), value).Msg();
+    return client_->SendOp(FPUSER, name, TOV::COid(instance), value).Msg();
 }
 
 }  // namespace FP
