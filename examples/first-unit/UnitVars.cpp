@@ -17,7 +17,7 @@ bool DeclareVars(TOV::CDataStore& store, std::string& error) {
     };
     return declare(CVarDecl(Var::kName)
                        .Default("unit-1")
-                       .Check(CValidator::Pattern("[A-Za-z0-9-]{1,12}"))
+                       .Check(CValidator::Pattern("[A-Za-z0-9_-]{1,12}"))
                        .Persistent()) &&
            // The range matches FanModeTexts(): the engine refuses anything else.
            declare(

@@ -10,7 +10,7 @@
 namespace FirstUnit {
 
 namespace Var {
-constexpr const char* kName = "unit.name";    ///< the unit's name, letters, digits and '-'
+constexpr const char* kName = "unit.name";    ///< up to 12 of: letters, digits, '-', '_'
 constexpr const char* kFanMode = "fan.mode";  ///< 1 = Auto, 2 = Quiet, 3 = Full
 constexpr const char* kInstance = "0";        ///< the unit's own instance
 }  // namespace Var

@@ -9,9 +9,11 @@
 #include <log4cpp/PatternLayout.hh>
 #include <log4cpp/PropertyConfigurator.hh>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <initializer_list>
 #include <iostream>
 #include <map>
 #include <memory>
