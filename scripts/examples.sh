@@ -6,9 +6,9 @@
 # a restart.
 # Usage: scripts/examples.sh PREFIX     (e.g. build/stage, or /usr)
 set -euo pipefail
-cd "$(dirname "$0")/.."
 [ $# -eq 1 ] || { echo "usage: $0 PREFIX" >&2; exit 2; }
 prefix=$(cd "$1" && pwd)
+cd "$(dirname "$0")/.."
 panel=$prefix/bin/fp-panel
 [ -x "$panel" ] || { echo "examples: no fp-panel in $prefix/bin" >&2; exit 1; }
 
