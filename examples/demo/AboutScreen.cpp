@@ -2,12 +2,13 @@
 
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/ScreenNames.h"
+#include "fp/core/Names.h"
 
 namespace FPDEMO {
 
 AboutScreen::AboutScreen() {
     SetName(Screen::kAbout);
-    SetSelectScreen("No Screen");
+    SetSelectScreen(FP::kNoScreen);
     menu.SetTitle("About");
     menu.SetExitScreen(Screen::kMain);
     // Slow enough to read the scrolling line.

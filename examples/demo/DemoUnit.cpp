@@ -11,6 +11,7 @@
 #include "examples/demo/ScreenNames.h"
 #include "examples/demo/StatusScreen.h"
 #include "examples/demo/WizardScreen.h"
+#include "fp/core/Names.h"
 #include "kt/Str.h"
 
 namespace FPDEMO {
@@ -177,7 +178,7 @@ void DemoUnit::Handle(const Event_t& event) {
                 break;  // keys of a panel that is gone
             const std::string next =
                 current_->KeyPress(FP::KeyState_t{FP::Key_e(event.a), FP::KEY_STATE_DOWN});
-            if (next != "No Screen" && next != current_->GetName()) {
+            if (next != FP::kNoScreen && next != current_->GetName()) {
                 if (screens_.count(next))
                     ShowScreen(next);
                 else

@@ -2,13 +2,14 @@
 
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/ScreenNames.h"
+#include "fp/core/Names.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FPDEMO {
 
 StatusScreen::StatusScreen() {
     SetName(Screen::kStatus);
-    SetSelectScreen("No Screen");
+    SetSelectScreen(FP::kNoScreen);
     menu.SetTitle("Status");
     menu.SetExitScreen(Screen::kMain);
 }

@@ -1,15 +1,9 @@
 #include "fp/screens/BaseConfigScreen.h"
 
 #include "fp/lines/IpLine.h"
-#include "fp/lines/ListLine.h"
-#include "fp/screens/FpClient.h"
+#include "fp/screens/internal/BoundRows.h"
 
 namespace FP {
-
-namespace {
-// Hover and edit symbol telling the user that exit leads back.
-constexpr unsigned char kExitHint = 0x40;
-}  // namespace
 
 BaseConfigScreen::BaseConfigScreen(int pollTime, bool poll)
     : BaseEventScreen(pollTime, poll), initialized(false) {}
@@ -22,15 +16,13 @@ BaseConfigScreen::~BaseConfigScreen() {
 
 BaseLine* BaseConfigScreen::AddBound(BaseLine* line, const std::string& variableName,
                                      const std::string& dbName, const std::string& dbInstance) {
-    line->SetEditNavMask(line->GetEditNavMask() | kExitHint);
-    line->SetHoverNavMask(line->GetHoverNavMask() | kExitHint);
+    // Editing or not, the row tells the user that exit leads back.
+    line->SetEditNavMask(line->GetEditNavMask() | NavSymbol::kExit);
+    line->SetHoverNavMask(line->GetHoverNavMask() | NavSymbol::kExit);
     line->SetDbInfo(dbName, dbInstance);
     line->SetDbActive(false);
     menu.AddLine(line, variableName);
-    TOV::CParam entry;
-    entry.Clear(0);
-    entry.Assign(dbName + dbInstance);
-    variableRequest.AddParam(entry);
+    BoundRows::AddRequest(variableRequest, dbName, dbInstance);
     return line;
 }
 
@@ -53,18 +45,16 @@ BaseLine* BaseConfigScreen::CreateListLine(const std::string& variableName,
                                            const std::string& dbName, const std::string& dbInstance,
                                            std::vector<std::string> items,
                                            const std::string& suffix) {
-    auto* line = new ListLine(std::move(items), false);
-    line->SetSuffix(suffix);
-    return AddBound(line, variableName, dbName, dbInstance);
+    return AddBound(BoundRows::NewListLine(suffix, std::move(items), false), variableName, dbName,
+                    dbInstance);
 }
 
 BaseLine* BaseConfigScreen::CreateListLine(const std::string& variableName,
                                            const std::string& dbName, const std::string& dbInstance,
                                            std::map<int, std::string> items,
                                            const std::string& suffix) {
-    auto* line = new ListLine(std::move(items), false);
-    line->SetSuffix(suffix);
-    return AddBound(line, variableName, dbName, dbInstance);
+    return AddBound(BoundRows::NewListLine(suffix, std::move(items), false), variableName, dbName,
+                    dbInstance);
 }
 
 BaseLine* BaseConfigScreen::CreateListLine(const std::string& variableName,
@@ -72,16 +62,14 @@ BaseLine* BaseConfigScreen::CreateListLine(const std::string& variableName,
                                            std::map<std::string, std::string> items,
                                            const std::string& suffix) {
     // Only string-keyed lists translate between stored keys and shown texts.
-    auto* line = new ListLine(std::move(items), true);
-    line->SetSuffix(suffix);
-    return AddBound(line, variableName, dbName, dbInstance);
+    return AddBound(BoundRows::NewListLine(suffix, std::move(items), true), variableName, dbName,
+                    dbInstance);
 }
 
 void BaseConfigScreen::Initialize() {
     if (!initialized)
         CreateLines();
-    if (client)
-        variableValues = client->GetVars(FPUSER, variableRequest).Val();
+    BoundRows::Read(client, variableRequest, variableValues);
     initialized = true;
     Register();
     BaseLine* title = menu.GetTitle();
@@ -93,21 +81,11 @@ void BaseConfigScreen::Initialize() {
 }
 
 void BaseConfigScreen::Register() {
-    for (size_t i = 0; i < variableValues.Length(); ++i) {
-        const std::string name = variableValues.GetKey(i);
-        const TOV::CParam& instances = variableValues[name];
-        for (size_t j = 0; j < instances.Length(); ++j)
-            BaseEventScreen::AddEventHandler(name, instances.GetKey(j));
-    }
+    BoundRows::Watch(*this, variableValues);
 }
 
 void BaseConfigScreen::DeInitialize() {
-    for (size_t i = 0; i < variableValues.Length(); ++i) {
-        const std::string name = variableValues.GetKey(i);
-        const TOV::CParam& instances = variableValues[name];
-        for (size_t j = 0; j < instances.Length(); ++j)
-            BaseEventScreen::RemoveEventHandler(name, instances.GetKey(j));
-    }
+    BoundRows::Unwatch(*this, variableValues);
 }
 
 }  // namespace FP

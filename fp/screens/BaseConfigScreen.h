@@ -13,34 +13,51 @@ namespace FP {
 
 class BaseLine;
 
-// An editable screen of engine variables. The concrete screen creates its
-// rows in CreateLines with the factories below; each row writes its own edits
-// (the screen has no apply step). On every Initialize it fetches all
-// its variables, watches them, puts the cursor on the first row and draws.
+/// An editable screen of engine variables. The concrete screen makes its rows
+/// in CreateLines with the factories below; each row writes its own edits
+/// (the screen has no apply step). Each time it comes up it re-reads and
+/// watches all its variables, starts the cursor at the top and draws.
+/// Threads: as BaseEventScreen: the UI thread, HandleEvent also on the
+/// engine's delivery thread.
+/// Owns: the rows the factories make (through its menu) and the title line;
+/// the pointers the factories answer are for adjustments, never for delete.
 class BaseConfigScreen : public BaseEventScreen {
 public:
+    /// See BaseScreen for pollTime and poll.
     BaseConfigScreen(int pollTime, bool poll);
+    /// Stops watching, then deletes the rows.
     ~BaseConfigScreen() override;
 
+    /// Makes the rows on the first call only. Each call then re-reads and
+    /// watches the values, runs BaseConfigureMenu, settles the access mode,
+    /// moves the cursor back to the top row and draws.
     void Initialize() override;
+    /// Stops watching every variable read by the last Initialize.
     void DeInitialize() override;
+    /// Watches every (name, instance) that the last read returned.
     virtual void Register();
+    /// The concrete screen's hook: make the rows with the factories.
     virtual void CreateLines() = 0;
-    // Hook for titles, exit screen, hidden rows and the like.
+    /// Hook for titles, exit screen, hidden rows and the like; runs on every
+    /// Initialize. A title set here replaces (and frees) the last one.
     virtual void BaseConfigureMenu() {}
 
+    /// An editable IPv4 address row.
     BaseLine* CreateIpLine(const std::string& variableName, const std::string& dbName,
                            const std::string& dbInstance);
+    /// An editable text row of up to numItems characters from set.
     BaseLine* CreateStringLine(const std::string& variableName, const std::string& dbName,
                                const std::string& dbInstance, int numItems,
                                const StringLine::CharacterSet_e& set);
+    /// A choice among texts; the variable holds the chosen item's number.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::vector<std::string> items,
                              const std::string& suffix);
+    /// A choice among numbered texts.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::map<int, std::string> items,
                              const std::string& suffix);
-    // Keys are the stored values, texts what the row shows.
+    /// A choice where keys are the stored values and texts what the row shows.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance,
                              std::map<std::string, std::string> items, const std::string& suffix);

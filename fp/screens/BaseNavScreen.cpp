@@ -1,13 +1,9 @@
 #include "fp/screens/BaseNavScreen.h"
 
+#include "fp/core/Names.h"
 #include "fp/lines/DisplayLine.h"
 
 namespace FP {
-
-namespace {
-// Hover symbol telling the user that exit leads somewhere.
-constexpr unsigned char kExitHint = 0x40;
-}  // namespace
 
 BaseNavScreen::BaseNavScreen() : BaseScreen(2000, true), initialized(false) {}
 
@@ -23,8 +19,9 @@ BaseNavScreen::~BaseNavScreen() {
 
 NavigationMenu_t* BaseNavScreen::CreateLine(const std::string& label, const std::string& screen) {
     auto* entry = new NavigationMenu_t{new DisplayLine(label), screen};
-    if (menu.GetExitScreen() != "No Screen")
-        entry->line->SetHoverNavMask(entry->line->GetHoverNavMask() | kExitHint);
+    // The back hint only where exit leads somewhere.
+    if (menu.GetExitScreen() != kNoScreen)
+        entry->line->SetHoverNavMask(entry->line->GetHoverNavMask() | NavSymbol::kExit);
     entries.push_back(entry);
     return entry;
 }

@@ -7,15 +7,11 @@
 #include "fp/lines/ListLine.h"
 #include "fp/lines/NumberLine.h"
 #include "fp/lines/ScrollLine.h"
-#include "fp/screens/FpClient.h"
+#include "fp/screens/internal/BoundRows.h"
 
 namespace FP {
 
 namespace {
-// Hover symbols: more rows below, enter leads on, exit leads back.
-constexpr unsigned char kMoreRows = 0x02;
-constexpr unsigned char kSelectHint = 0x04;
-constexpr unsigned char kExitHint = 0x40;
 // More rows than this do not fit beside the title.
 constexpr size_t kRowsShown = 5;
 }  // namespace
@@ -31,10 +27,7 @@ BaseStatusScreen::~BaseStatusScreen() {
 }
 
 void BaseStatusScreen::AddRequest(const std::string& dbName, const std::string& dbInstance) {
-    TOV::CParam entry;
-    entry.Clear(0);
-    entry.Assign(dbName + dbInstance);
-    variableRequest.AddParam(entry);
+    BoundRows::AddRequest(variableRequest, dbName, dbInstance);
 }
 
 BaseLine* BaseStatusScreen::AddBound(BaseLine* line, const std::string& variableName,
@@ -51,27 +44,23 @@ BaseLine* BaseStatusScreen::CreateListLine(const std::string& variableName,
                                            const std::string& dbName, const std::string& dbInstance,
                                            std::vector<std::string> items,
                                            const std::string& suffix) {
-    auto* line = new ListLine(std::move(items), false);
-    line->SetSuffix(suffix);
-    return AddBound(line, variableName, dbName, dbInstance);
+    return AddBound(BoundRows::NewListLine(suffix, std::move(items), false), variableName, dbName,
+                    dbInstance);
 }
 
 BaseLine* BaseStatusScreen::CreateListLine(const std::string& variableName,
                                            const std::string& dbName, const std::string& dbInstance,
                                            const char** items, int count,
                                            const std::string& suffix) {
-    auto* line = new ListLine(items, count);
-    line->SetSuffix(suffix);
-    return AddBound(line, variableName, dbName, dbInstance);
+    return AddBound(BoundRows::NewListLine(suffix, items, count), variableName, dbName, dbInstance);
 }
 
 BaseLine* BaseStatusScreen::CreateListLine(const std::string& variableName,
                                            const std::string& dbName, const std::string& dbInstance,
                                            std::map<int, std::string> items,
                                            const std::string& suffix) {
-    auto* line = new ListLine(std::move(items), false);
-    line->SetSuffix(suffix);
-    return AddBound(line, variableName, dbName, dbInstance);
+    return AddBound(BoundRows::NewListLine(suffix, std::move(items), false), variableName, dbName,
+                    dbInstance);
 }
 
 BaseLine* BaseStatusScreen::CreateNumberLine(const std::string& variableName,
@@ -130,11 +119,11 @@ BaseLine* BaseStatusScreen::CreateScrollLine(const std::string& text) {
 void BaseStatusScreen::PushLines() {
     unsigned char mask = 0;
     if (lines.size() > kRowsShown)
-        mask |= kMoreRows;
-    if (selectScreen != "No Screen")
-        mask |= kSelectHint;
-    if (menu.GetExitScreen() != "No Screen")
-        mask |= kExitHint;
+        mask |= NavSymbol::kUpDown;
+    if (selectScreen != kNoScreen)
+        mask |= NavSymbol::kEnter;
+    if (menu.GetExitScreen() != kNoScreen)
+        mask |= NavSymbol::kExit;
     for (BaseLine* line : lines)
         line->SetHoverNavMask(mask);
 }
@@ -145,8 +134,7 @@ void BaseStatusScreen::Initialize() {
         PushLines();
         initialized = true;
     }
-    if (client)
-        variableValues = client->GetVars(FPUSER, variableRequest).Val();
+    BoundRows::Read(client, variableRequest, variableValues);
     Register();
     BaseLine* title = menu.GetTitle();
     ConfigureMenu();
@@ -155,21 +143,16 @@ void BaseStatusScreen::Initialize() {
 }
 
 void BaseStatusScreen::Register() {
-    for (size_t i = 0; i < variableValues.Length(); ++i) {
-        const std::string name = variableValues.GetKey(i);
-        const TOV::CParam& instances = variableValues[name];
-        for (size_t j = 0; j < instances.Length(); ++j)
-            BaseEventScreen::AddEventHandler(name, instances.GetKey(j));
-    }
+    BoundRows::Watch(*this, variableValues);
 }
 
 void BaseStatusScreen::DeInitialize() {
-    for (size_t i = 0; i < variableValues.Length(); ++i) {
-        const std::string name = variableValues.GetKey(i);
-        const TOV::CParam& instances = variableValues[name];
-        for (size_t j = 0; j < instances.Length(); ++j)
-            RemoveEventHandler(name, instances.GetKey(j));
-    }
+    // Through the virtual slot here (unlike Register), so an override of
+    // RemoveEventHandler sees every pair on the way out.
+    BoundRows::ForEachPair(variableValues,
+                           [this](const std::string& name, const std::string& instance) {
+                               RemoveEventHandler(name, instance);
+                           });
 }
 
 void BaseStatusScreen::HandleEvent(const std::string&, const TOV::COid&, const std::string&,

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <initializer_list>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -32,20 +33,15 @@ public:
     int created = 0;
 };
 
-// Status rows for temp/fan; extra rows only to cross the "more rows" mark.
-class StatScreen : public FP::BaseStatusScreen {
+// Counts the redraws that engine events cause: the delivery thread bumps,
+// the test thread waits (bounded) and reads.
+template <class Screen>
+class Counted : public Screen {
 public:
-    explicit StatScreen(int extra) : extra(extra) {}
-    void CreateLines() override {
-        CreateDisplayLine("Temp:", "sys.temp", "0", "");
-        CreateListLine("Fan:", "sys.fan", "0", std::vector<std::string>{"Off", "On"}, "");
-        for (int i = 0; i < extra; ++i)
-            CreateDisplayLine("Row", "x", "");
-    }
-    void ConfigureMenu() override { menu.SetTitle("Status"); }
+    using Screen::Screen;
     void HandleEvent(const std::string& n, const TOV::COid& o, const std::string& u,
                      const std::string& v, const TOV::CParam& p) override {
-        BaseStatusScreen::HandleEvent(n, o, u, v, p);
+        Screen::HandleEvent(n, o, u, v, p);
         std::lock_guard<std::mutex> lock(m);
         ++events;
         cv.notify_all();
@@ -58,10 +54,44 @@ public:
         std::lock_guard<std::mutex> lock(m);
         return events;
     }
-    int extra;
     std::mutex m;
     std::condition_variable cv;
     int events = 0;
+};
+
+// Status rows for temp/fan; extra rows only to cross the "more rows" mark.
+class StatScreen : public FP::BaseStatusScreen {
+public:
+    explicit StatScreen(int extra) : extra(extra) {}
+    void CreateLines() override {
+        CreateDisplayLine("Temp:", "sys.temp", "0", "");
+        CreateListLine("Fan:", "sys.fan", "0", std::vector<std::string>{"Off", "On"}, "");
+        for (int i = 0; i < extra; ++i)
+            CreateDisplayLine("Row", "x", "");
+    }
+    void ConfigureMenu() override { menu.SetTitle("Status"); }
+    int extra;
+};
+
+// Two instances of one variable plus another: the shape both bound kinds
+// must walk fully when they watch and unwatch.
+class PsuStatus : public FP::BaseStatusScreen {
+public:
+    void CreateLines() override {
+        CreateDisplayLine("A:", "psu.volt", "0", "");
+        CreateDisplayLine("B:", "psu.volt", "1", "");
+        CreateDisplayLine("Temp:", "sys.temp", "0", "");
+    }
+};
+class PsuConfig : public FP::BaseConfigScreen {
+public:
+    PsuConfig() : BaseConfigScreen(2000, true) {}
+    void CreateLines() override {
+        const std::map<int, std::string> levels{{12, "12"}, {13, "13"}};
+        CreateListLine("A:", "psu.volt", "0", levels, "V");
+        CreateListLine("B:", "psu.volt", "1", levels, "V");
+        CreateStringLine("Temp:", "sys.temp", "0", 4, FP::StringLine::AlphaNumeric);
+    }
 };
 
 // Writes back on commit, as an application turns its rows on.
@@ -155,25 +185,38 @@ TEST_F(ScreensTest, StatusHoverMasksCountRowsAndTargets) {
     five.DeInitialize();
 }
 
-// The engine's delivery thread draws; this thread only waits meanwhile.
-TEST_F(ScreensTest, StatusRedrawsOnEventsAndUnregistersOnLeave) {
-    StatScreen stat(0);
+// The engine's delivery thread redraws; this thread only waits meanwhile.
+// Each (name, instance) read is watched once per Initialize, none after leave.
+TEST_F(ScreensTest, BoundScreensRedrawOnEachReadInstanceUntilLeft) {
+    store.Declare(TOV::CVarDecl("psu.volt").Instances({"0", "1"}).Default("12"));
+    Counted<PsuStatus> stat;
+    Counted<PsuConfig> conf;
+    fptest::TextDisplay confDisplay(20, 4);
     Wire(stat, "Stat");
-    for (int round = 0; round < 3; ++round) {
-        stat.Initialize();
-        stat.DeInitialize();
+    Wire(conf, "Conf");
+    conf.SetDisplay(&confDisplay);
+    auto writeAll = [&](const std::string& value) {
+        std::thread([&] {
+            for (const char* instance : {"0", "1"})
+                store.Write("other", "psu.volt", TOV::COid(instance), value);
+            store.Write("other", "sys.temp", TOV::COid("0"), value);
+        }).join();
+        return store.GetDispatcher().WaitIdle(10000);
+    };
+    for (FP::BaseScreen* s : std::initializer_list<FP::BaseScreen*>{&stat, &conf}) {
+        s->Initialize();
+        s->DeInitialize();
+        s->Initialize();
     }
-    std::thread([&] { store.Write("other", "sys.temp", TOV::COid("0"), "30"); }).join();
-    ASSERT_TRUE(store.GetDispatcher().WaitIdle(10000));
-    EXPECT_EQ(stat.Events(), 0);  // nothing left registered
-
-    stat.Initialize();
-    std::thread([&] { store.Write("other", "sys.temp", TOV::COid("0"), "42"); }).join();
-    ASSERT_TRUE(stat.WaitEvents(1));
-    ASSERT_TRUE(store.GetDispatcher().WaitIdle(10000));
-    EXPECT_EQ(stat.Events(), 1);  // one registration, one event
-    EXPECT_EQ(ScreenText(display), "       Status\n Temp:42\n Fan:On\n");
+    ASSERT_TRUE(writeAll("13"));
+    ASSERT_TRUE(stat.WaitEvents(3));
+    ASSERT_TRUE(conf.WaitEvents(3));
+    EXPECT_EQ(ScreenText(display), "\n A:13\n B:13\n Temp:13");
     stat.DeInitialize();
+    conf.DeInitialize();
+    ASSERT_TRUE(writeAll("12"));
+    EXPECT_EQ(stat.Events(), 3);
+    EXPECT_EQ(conf.Events(), 3);
 }
 
 // Queued delivery keeps the redraws of events on this thread.
