@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tov/SqliteFile.h"
+#include "tov/internal/SqliteFile.h"
 
 namespace TOV {
 

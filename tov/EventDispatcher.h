@@ -11,12 +11,17 @@
 
 namespace TOV {
 
-// A queue of change events and the calls into their sinks, either on a thread
-// of its own ("TOV-Delivery", started on the first event) or on whichever
-// thread calls DeliverPending. Forget guarantees that a sink is not called
-// again for a variable once it returns.
+/// A queue of change events and the calls into their sinks, either on a
+/// thread of its own ("TOV-Delivery", started on the first event) or on
+/// whichever thread calls DeliverPending. Forget guarantees that a sink is
+/// not called again for a variable once it returns.
+/// Threads: every operation from any thread; sinks are called without a
+/// lock of the dispatcher held. Owns: its thread and copies of the events.
+/// Borrows: the sinks, which must stay alive until forgotten.
 class CEventDispatcher {
 public:
+    /// One change to deliver: the sink to call and the arguments of its
+    /// HandleEvent.
     struct Event_t {
         IManagedEventSink* sink = nullptr;
         std::string name;
@@ -26,20 +31,24 @@ public:
         CParam param;
     };
 
+    /// ownThread true delivers on the dispatcher's own thread; false leaves
+    /// delivery to whoever calls DeliverPending.
     explicit CEventDispatcher(bool ownThread);
-    ~CEventDispatcher();  // stops the thread; pending events are dropped
+    /// Stops the thread; pending events are dropped.
+    ~CEventDispatcher();
     CEventDispatcher(const CEventDispatcher&) = delete;
     CEventDispatcher& operator=(const CEventDispatcher&) = delete;
 
+    /// Queues a copy of event (starting the own thread on first use).
     void Post(const Event_t& event);
-    // Drops pending events of sink for name/instance and waits for a call of
-    // it in progress, unless that call is on the calling thread.
+    /// Drops pending events of sink for name/instance and waits for a call of
+    /// it in progress, unless that call is on the calling thread.
     void Forget(IManagedEventSink* sink, const std::string& name, const std::string& instance);
-    // Calls the pending sinks on the calling thread; answers how many.
+    /// Calls the pending sinks on the calling thread; answers how many.
     size_t DeliverPending();
-    // Waits up to ms for an event to be pending.
+    /// Waits up to ms for an event to be pending; true if one is.
     bool WaitPending(unsigned int ms);
-    // Waits up to ms until nothing is pending or being delivered.
+    /// Waits up to ms until nothing is pending or being delivered; true if so.
     bool WaitIdle(unsigned int ms);
 
 private:

@@ -1,4 +1,4 @@
-#include "tov/SqliteFile.h"
+#include "tov/internal/SqliteFile.h"
 
 #include <sqlite3.h>
 #include <sys/stat.h>

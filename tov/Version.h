@@ -2,7 +2,8 @@
 
 namespace TOV {
 
-// The data-engine library's version, "MAJOR.MINOR.PATCH".
+/// The data-engine library's version as "MAJOR.MINOR.PATCH".
+/// Threads: any. The text is static; do not free it.
 const char* GetLibraryVersion();
 
 }  // namespace TOV

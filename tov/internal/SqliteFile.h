@@ -11,6 +11,7 @@ namespace TOV {
 // The SQLite file behind the persistent variables: one row per variable and
 // instance, a format marker so that other SQLite files are recognised, WAL
 // with synchronous commits so that a write is on disk once Save returns.
+// Only the store uses it, under the store's lock.
 class CSqliteFile {
 public:
     struct Row_t {
