@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,21 +40,12 @@ bool WaitFor(const std::function<bool()>& done, int seconds = 20) {
 // A program run in the background, its output going to a file.
 class Child {
 public:
-    Child(std::vector<std::string> argv, const std::string& out) {
-        pid_ = fork();
-        if (pid_ == 0) {
-            freopen("/dev/null", "r", stdin);
-            freopen(out.c_str(), "w", stdout);
-            dup2(fileno(stdout), 2);
-            std::vector<std::string> words = fptest::EmulatorPrefix();
-            words.insert(words.end(), argv.begin(), argv.end());
-            std::vector<char*> args;
-            for (auto& a : words)
-                args.push_back(&a[0]);
-            args.push_back(nullptr);
-            execvp(args[0], args.data());
-            _exit(127);
-        }
+    Child(const std::vector<std::string>& argv, const std::string& out) {
+        const int in = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+        const int fd = ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+        pid_ = fptest::Spawn(argv, in, fd, fd);
+        ::close(in);
+        ::close(fd);
     }
     ~Child() {
         if (pid_ > 0) {

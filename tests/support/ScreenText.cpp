@@ -2,56 +2,86 @@
 
 #include <algorithm>
 
+#include "fp/menu/BaseLine.h"
+
 namespace fptest {
 
-void TextDisplay::SendLineUpdate(const std::string&, unsigned int line) {
+namespace {
+std::string At(unsigned int line, unsigned int column) {
+    return std::to_string(line) + "," + std::to_string(column);
+}
+}  // namespace
+
+void TextDisplay::SendBlankChars(unsigned int count, unsigned int column, unsigned int line) {
+    sends_.push_back("blank " + std::to_string(count) + "@" + At(line, column));
+}
+
+void TextDisplay::SendLineUpdate(const std::string& text, unsigned int line) {
+    sends_.push_back("line " + std::to_string(line) + " [" + text + "]");
     sentReverse.erase(std::remove_if(sentReverse.begin(), sentReverse.end(),
                                      [line](const ReverseWord_t& w) { return w.line == line; }),
                       sentReverse.end());
 }
 
 void TextDisplay::SendReverseWord(const std::string& text, unsigned int column, unsigned int line) {
+    sends_.push_back("rev " + At(line, column) + " [" + text + "]");
     sentReverse.push_back(ReverseWord_t{text, line, column});
 }
 
-std::string ScreenText(const TextDisplay& display) {
-    const unsigned int w = display.GetDisplayWidth();
-    const unsigned int h = display.GetDisplayHeight();
-    const FP::DisplayWindow* window = display.GetSelectedWindow();
-    if (!window || w == 0) {
+void TextDisplay::SendWindowUpdate(const std::string& text) {
+    sends_.push_back("window [" + text + "]");
+    sentReverse.clear();
+}
+
+std::string TextDisplay::Row(unsigned int row) const {
+    const unsigned int w = GetDisplayWidth();
+    const FP::DisplayWindow* window = GetSelectedWindow();
+    if (!window || w == 0 || row >= GetDisplayHeight())
         return std::string();
-    }
-    std::vector<bool> reverse(w * h, false);
-    auto mark = [&](const FP::Display::ReverseWord_t& word) {
-        for (size_t k = 0; k < word.text.size(); ++k) {
-            const size_t cell = word.line * w + word.column + k;
-            if (cell < reverse.size()) {
-                reverse[cell] = true;
+    // The panel shows a reverse word's own characters, whatever the window
+    // holds beneath them; cells past the row end are kept so that a word
+    // running off the row shows in the text.
+    const char* text = window->GetText(row);
+    std::string cells(text, text + w);
+    std::vector<bool> reverse(w, false);
+    auto mark = [&](const ReverseWord_t& word) {
+        for (size_t k = 0; word.line == row && k < word.text.size(); ++k) {
+            const size_t at = word.column + k;
+            if (at >= cells.size()) {
+                cells.resize(at + 1, ' ');
+                reverse.resize(at + 1, false);
             }
+            reverse[at] = true;
+            cells[at] = word.text[k];
         }
     };
-    for (const auto& word : display.GetReverseWords())
-        mark(word);
-    for (const auto& word : display.sentReverse)
-        mark(word);
+    std::for_each(sentReverse.begin(), sentReverse.end(), mark);
+    std::for_each(GetReverseWords().begin(), GetReverseWords().end(), mark);
 
-    std::string out;
-    for (unsigned int row = 0; row < h; ++row) {
-        const char* text = window->GetText(row);
-        std::string line;
-        for (unsigned int col = 0; col < w; ++col) {
-            const bool rev = reverse[row * w + col];
-            if (rev && (col == 0 || !reverse[row * w + col - 1]))
-                line += '[';
-            line += text[col] ? text[col] : ' ';
-            if (rev && (col + 1 == w || !reverse[row * w + col + 1]))
-                line += ']';
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        if (row > 0)
-            out += '\n';
-        out += line;
+    std::string line;
+    for (size_t col = 0; col < cells.size(); ++col) {
+        if (reverse[col] && (col == 0 || !reverse[col - 1]))
+            line += '[';
+        line += cells[col] ? cells[col] : ' ';
+        if (reverse[col] && (col + 1 == cells.size() || !reverse[col + 1]))
+            line += ']';
     }
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line;
+}
+
+std::string TextDisplay::Draw(FP::BaseLine& line, unsigned int row) {
+    ClearReverseAll();
+    sentReverse.clear();
+    line.DrawLine(row);
+    return Row(row);
+}
+
+std::string ScreenText(const TextDisplay& display) {
+    std::string out;
+    for (unsigned int row = 0; display.GetSelectedWindow() && row < display.GetDisplayHeight();
+         ++row)
+        out += (row ? "\n" : "") + display.Row(row);
     return out;
 }
 

@@ -1,13 +1,8 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include "tests/support/Emulator.h"
 
 #include <chrono>
 #include <string>
@@ -15,6 +10,7 @@
 #include <vector>
 
 #include "kt/StreamSocket.h"
+#include "tests/support/Emulator.h"
 
 // Runs the real fp-panel program headless, as a script would, and plays the
 // unit over its Unix socket with hand-written frames.
@@ -28,27 +24,14 @@ protected:
         path_ = "/tmp/fp-panel-test-" + std::to_string(getpid()) + ".sock";
         ::unlink(path_.c_str());
         int in[2], out[2];
-        ASSERT_EQ(::pipe(in), 0);
-        ASSERT_EQ(::pipe(out), 0);
+        // Close-on-exec, so the panel holds only the ends it reads and writes.
+        ASSERT_EQ(::pipe2(in, O_CLOEXEC), 0);
+        ASSERT_EQ(::pipe2(out, O_CLOEXEC), 0);
         const std::string listen = "unix:" + path_;
-        pid_ = ::fork();
+        pid_ = fptest::Spawn(
+            {FP_PANEL_EXE, "--headless", "--listen", listen, "--size", "8x2", "--slot", "7"}, in[0],
+            out[1], -1);
         ASSERT_GE(pid_, 0);
-        if (pid_ == 0) {
-            ::dup2(in[0], 0);
-            ::dup2(out[1], 1);
-            ::close(in[1]);
-            ::close(out[0]);
-            std::vector<std::string> words = fptest::EmulatorPrefix();
-            for (const char* w : {FP_PANEL_EXE, "--headless", "--listen", listen.c_str(), "--size",
-                                  "8x2", "--slot", "7"})
-                words.push_back(w);
-            std::vector<char*> args;
-            for (auto& w : words)
-                args.push_back(&w[0]);
-            args.push_back(nullptr);
-            ::execvp(args[0], args.data());
-            ::_exit(127);
-        }
         ::close(in[0]);
         ::close(out[1]);
         toPanel_ = in[1];

@@ -1,123 +1,92 @@
 #include <gtest/gtest.h>
 
 #include "fp/display/Display.h"
-
-namespace {
-
-// Records every send as one readable line.
-class RecordingDisplay : public FP::Display {
-public:
-    RecordingDisplay(unsigned int width, unsigned int height) : Display(width, height) {}
-
-    void SendBlankChars(unsigned int count, unsigned int column, unsigned int line) override {
-        Record("blank " + std::to_string(count) + "@" + Pos(line, column));
-    }
-    void SendLineUpdate(const std::string& text, unsigned int line) override {
-        Record("line " + std::to_string(line) + " [" + text + "]");
-    }
-    void SendReverseWord(const std::string& text, unsigned int column, unsigned int line) override {
-        Record("rev " + Pos(line, column) + " [" + text + "]");
-    }
-    void SendWindowUpdate(const std::string& text) override { Record("window [" + text + "]"); }
-    void SendLockDisableSymbols(unsigned char) override {}
-    void SendNavSymbols(unsigned char) override {}
-
-    std::vector<std::string> Take() { return std::move(sent); }
-
-private:
-    static std::string Pos(unsigned int line, unsigned int column) {
-        return std::to_string(line) + "," + std::to_string(column);
-    }
-    void Record(const std::string& s) { sent.push_back(s); }
-    std::vector<std::string> sent;
-};
+#include "tests/support/ScreenText.h"
 
 using Sent = std::vector<std::string>;
 
-}  // namespace
-
 TEST(Display, UpdateSendsWindowOnceThenOnlyReverseWords) {
-    RecordingDisplay d(4, 2);
-    EXPECT_EQ(d.Take(), Sent{});
+    fptest::TextDisplay d(4, 2);
+    EXPECT_EQ(d.TakeSends(), Sent{});
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{"window [        ]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"window [        ]"});
 
     d.WriteWord("ab", 1, 1);
     d.WriteReverseWord("b", 1, 2);
     d.WriteReverseChar('x', 0, 0);
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), (Sent{"window [     ab ]", "rev 1,2 [b]", "rev 0,0 [x]"}));
+    EXPECT_EQ(d.TakeSends(), (Sent{"window [     ab ]", "rev 1,2 [b]", "rev 0,0 [x]"}));
 
     d.SetReverseWord("q", 0, 3);
     d.SetReverseWord("", 0, 1);
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{"rev 0,3 [q]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"rev 0,3 [q]"});
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{});
+    EXPECT_EQ(d.TakeSends(), Sent{});
 
     // ForceUpdate resends without touching the pending reverse words.
     d.WriteReverseWord("ab", 1, 1);
     d.ForceUpdate();
-    EXPECT_EQ(d.Take(), Sent{"window [     ab ]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"window [     ab ]"});
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{"rev 1,1 [ab]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"rev 1,1 [ab]"});
 }
 
 TEST(Display, SendLineKeepsReverseWordsOfOtherLines) {
-    RecordingDisplay d(4, 3);
+    fptest::TextDisplay d(4, 3);
     d.WriteLine("hi", 1, FP::RIGHT_JUSTIFY, 0);
     d.WriteReverseWord("h", 1, 2);
     d.WriteReverseWord("z", 2, 0);
     d.WriteReverseWord("i", 1, 3);
     d.SendLine(1);
-    EXPECT_EQ(d.Take(), (Sent{"line 1 [  hi]", "rev 1,2 [h]", "rev 1,3 [i]"}));
+    EXPECT_EQ(d.TakeSends(), (Sent{"line 1 [  hi]", "rev 1,2 [h]", "rev 1,3 [i]"}));
     d.SendLine();  // the cursor is still on line 1
-    EXPECT_EQ(d.Take(), Sent{"line 1 [  hi]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"line 1 [  hi]"});
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), (Sent{"window [      hi    ]", "rev 2,0 [z]"}));
+    EXPECT_EQ(d.TakeSends(), (Sent{"window [      hi    ]", "rev 2,0 [z]"}));
 }
 
 TEST(Display, WritesStayInsideTheWindow) {
-    RecordingDisplay d(4, 2);
+    fptest::TextDisplay d(4, 2);
     d.WriteWord("abcde", 0, 1);  // wraps onto line 1
     d.SetCursorPosition(1, 1);
     d.WriteChar('x', 7, 3);   // line out of range: written on the current line
     d.WriteChar('y', 0, 9);   // column out of range: current column
     d.WriteWord("zz", 1, 3);  // from the last cell to the end: dropped
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{"window [ abyde x]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"window [ abyde x]"});
     d.WriteWord("pqr", 1, 2);  // cut at the end of the buffer
     d.SendLine(1);
-    EXPECT_EQ(d.Take(), Sent{"line 1 [depq]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"line 1 [depq]"});
 }
 
 TEST(Display, WriteBlockCountsAllPiecesButWritesOnlyWhatFits) {
-    RecordingDisplay d(6, 4);
+    fptest::TextDisplay d(6, 4);
     EXPECT_EQ(d.WriteBlock("aaa bbb ccc ddd eee", 1, FP::CENTER, 0, ' '), 5);
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{"window [       aaa   bbb   ccc  ]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"window [       aaa   bbb   ccc  ]"});
     // An offset wider than the display leaves no room, one word per piece.
     EXPECT_EQ(d.WriteBlock("a b", 0, FP::LEFT_JUSTIFY, 9, ' '), 2);
     EXPECT_EQ(d.WriteBlock("a b", 9, FP::LEFT_JUSTIFY, 0, ' '), 1);
 }
 
 TEST(Display, WindowSwitchingAndNullWindow) {
-    RecordingDisplay d(3, 1);
+    fptest::TextDisplay d(3, 1);
     d.SendUpdate();
-    d.Take();
+    d.TakeSends();
     d.CreateDisplayWindow(5);
     d.CreateDisplayWindow(6, 8, 1);  // wider than the display
     EXPECT_TRUE(d.SelectWindow(5));
-    EXPECT_EQ(d.Take(), Sent{});  // still empty: nothing sent
+    EXPECT_EQ(d.TakeSends(), Sent{});  // still empty: nothing sent
     d.WriteLine("ab", 0, FP::LEFT_JUSTIFY, 0);
     d.SendUpdate();
-    EXPECT_EQ(d.Take(), Sent{"window [ab ]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"window [ab ]"});
     EXPECT_TRUE(d.SelectWindow(0));
-    EXPECT_EQ(d.Take(), Sent{"window [   ]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"window [   ]"});
     EXPECT_TRUE(d.SelectWindow(6));
     d.WriteWord("abcdefgh", 0, 0);
     d.SendLine(0);  // cut to the display's width
-    EXPECT_EQ(d.Take(), Sent{"line 0 [abc]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"line 0 [abc]"});
 
     EXPECT_FALSE(d.SelectWindow(42));
     EXPECT_EQ(d.GetSelectedWindow(), nullptr);
@@ -131,14 +100,14 @@ TEST(Display, WindowSwitchingAndNullWindow) {
     d.SendLine();
     d.SendLine(0);
     d.ForceUpdate();
-    EXPECT_EQ(d.Take(), Sent{"rev 0,1 [r]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"rev 0,1 [r]"});
     EXPECT_TRUE(d.SelectWindow(0));
-    EXPECT_EQ(d.Take(), Sent{});  // same text as last sent
+    EXPECT_EQ(d.TakeSends(), Sent{});  // same text as last sent
 }
 
 // Degenerate sizes must not touch memory outside the buffers (run under ASan).
 TEST(Display, DegenerateSizesStayInBounds) {
-    RecordingDisplay d(4, 1);
+    fptest::TextDisplay d(4, 1);
     d.CreateDisplayWindow(1, 5, 0);
     d.CreateDisplayWindow(2, 2, 1);
     d.CreateDisplayWindow(3, 0, 0);
@@ -157,7 +126,7 @@ TEST(Display, DegenerateSizesStayInBounds) {
     // The narrow window: the line is cut at the end of its buffer.
     EXPECT_TRUE(d.SelectWindow(2));
     d.WriteWord("xyz", 0, 0);
-    d.Take();
+    d.TakeSends();
     d.SendLine(0);
-    EXPECT_EQ(d.Take(), Sent{"line 0 [xy]"});
+    EXPECT_EQ(d.TakeSends(), Sent{"line 0 [xy]"});
 }

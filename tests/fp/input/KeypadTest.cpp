@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <map>
 #include <mutex>
-#include <thread>
-#include <typeinfo>
 #include <vector>
 
 #include "fp/input/Keypad.h"
@@ -144,31 +141,6 @@ TEST(KeyNames, CodesAndStates) {
     EXPECT_EQ(std::string(FP::KeyStateName(0)) + FP::KeyStateName(1) + FP::KeyStateName(2) +
                   FP::KeyStateName(3),
               "UnknownDownUpERROR");
-}
-
-TEST(KeypadThread, PressReachesListenerOnceAndDestructionIsPrompt) {
-    fptest::LogCapture log("fp.keypad");
-    FakeAdapter adapter;
-    FP::FpControl control(adapter);
-    Recorder rec;
-    auto keypad = std::make_unique<FP::Keypad>(control);
-    keypad->SetCallback(&rec);
-    keypad->StartThreads();
-    EXPECT_EQ(log.Count(std::string(typeid(FP::Keypad*).name()) + "::StartThreads(", true), 1u);
-    adapter.Key(FP::KEY_ENTER, DOWN);
-    adapter.Key(FP::KEY_ENTER, UP);
-    Keys got;
-    for (int i = 0; i < 200 && got.empty(); ++i) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        got = rec.Take();
-    }
-    auto start = std::chrono::steady_clock::now();
-    keypad.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-    for (int k : rec.Take())
-        got.push_back(k);
-    EXPECT_EQ(got, Keys{FP::KEY_ENTER});
-    adapter.Key(FP::KEY_ENTER, DOWN);  // the dead keypad must no longer be called
 }
 
 }  // namespace

@@ -7,11 +7,10 @@
 #include "fp/lines/ListLine.h"
 #include "fp/lines/SelectLine.h"
 #include "fp/lines/YesNoLine.h"
-#include "tests/fp/lines/LinePanel.h"
+#include "tests/fp/lines/LineFixture.h"
 
 using linetest::Engine;
 using linetest::Press;
-using linetest::TextPanel;
 using Cells = std::vector<std::string>;
 
 namespace {
@@ -58,12 +57,12 @@ TEST(ListLine, KeysAgainstTheEngine) {
         bool editing;
         const char* stored;
     } cases[] = {
-        {"10", "EE", false, "t10", false, "2"},  // key "10" is the second item
-        {"1", "EUUE", false, "t11", false, "3"},
-        {"1", "EDE", false, "t9", false, "11"},  // down wraps to the last item
-        {"1", "EU", false, "t10", true, "1"},    // nothing written while editing
-        {"1", "EUX", false, "t1", false, "1"},   // exit discards the choice
-        {"4", "EUE", true, "t4", false, "4"},    // read-only never edits
+        {"10", "==", false, "t10", false, "2"},  // key "10" is the second item
+        {"1", "=++=", false, "t11", false, "3"},
+        {"1", "=-=", false, "t9", false, "11"},  // down wraps to the last item
+        {"1", "=+", false, "t10", true, "1"},    // nothing written while editing
+        {"1", "=+~", false, "t1", false, "1"},   // exit discards the choice
+        {"4", "=+=", true, "t4", false, "4"},    // read-only never edits
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.start) + " " + c.keys);
@@ -104,11 +103,11 @@ TEST(ListLine, SkippedItems) {
     EXPECT_EQ(line.GetNumItems(), 4);
     EXPECT_FALSE(line.SetCurrentValue(2));
     ASSERT_TRUE(line.SetCurrentValue(1));
-    Press(line, "EU");
+    Press(line, "=+");
     EXPECT_EQ(line.GetCurrentString(), "d");
-    Press(line, "D");
+    Press(line, "-");
     EXPECT_EQ(line.GetCurrentString(), "b");
-    Press(line, "DD");  // wraps past "a" to the last item
+    Press(line, "--");  // wraps past "a" to the last item
     EXPECT_EQ(line.GetCurrentString(), "e");
     line.RemoveSkipItem(3);
     EXPECT_EQ(line.GetNumItems(), 5);
@@ -116,22 +115,17 @@ TEST(ListLine, SkippedItems) {
 }
 
 TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
-    TextPanel panel(16, 4);
+    fptest::TextDisplay panel(16, 4);
     panel.WriteWord("################", 2, 0);
     FP::ListLine line(Cells{"Auto", "ABCDEFGHIJKLMNOPQRS"}, false);
     line.SetDisplay(&panel);
     line.SetVariableName("Mode ");
     line.SetSuffix(" x");
-    line.DrawLine(1);
-    EXPECT_EQ(panel.Row(1), " Mode Auto x    ");
-    EXPECT_EQ(panel.TakeReverse(), Cells{});
-    Press(line, "E");
-    line.DrawLine(1);
-    EXPECT_EQ(panel.Row(1), " Mode           ");
-    EXPECT_EQ(panel.TakeReverse(), Cells{"1,6:Auto x"});
-    Press(line, "UE");
-    line.DrawLine(1);
-    EXPECT_EQ(panel.Row(1), " Mode ABCDEFGHIJ");
+    EXPECT_EQ(panel.Draw(line), " Mode Auto x");
+    Press(line, "=");
+    EXPECT_EQ(panel.Draw(line), " Mode [Auto x]");
+    Press(line, "+=");
+    EXPECT_EQ(panel.Draw(line), " Mode ABCDEFGHIJ");
     EXPECT_EQ(panel.Row(2), "################");
 
     // An empty list shows a dash, still edits, and writes position 1.
@@ -142,71 +136,60 @@ TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
     empty.SetClient(&engine.fp);
     empty.SetDbInfo("v", "0");
     empty.SetSendDbData(true);
-    empty.DrawLine(3);
-    EXPECT_EQ(panel.Row(3), " -              ");
-    EXPECT_TRUE(Press(empty, "E"));
-    empty.DrawLine(3);
-    EXPECT_EQ(panel.TakeReverse(), Cells{"3,1:-"});
+    EXPECT_EQ(panel.Draw(empty, 3), " -");
+    EXPECT_TRUE(Press(empty, "="));
+    EXPECT_EQ(panel.Draw(empty, 3), " [-]");
     EXPECT_EQ(empty.GetCurrentString(), "");
-    Press(empty, "E");
+    Press(empty, "=");
     EXPECT_EQ(engine.Value(), "1");
 }
 
 TEST(SelectLine, GlyphChoiceAndText) {
-    TextPanel panel(8, 2);
+    fptest::TextDisplay panel(8, 2);
     GlyphLine line;
     line.SetDisplay(&panel);
     line.SetVariableName("G");
     EXPECT_EQ(line.GetCurrentString(), "0x0x85");
-    line.DrawLine(0);
-    EXPECT_EQ(panel.Row(0), " G\x85     ");
+    EXPECT_EQ(panel.Draw(line, 0), " G\x85");
 
-    EXPECT_TRUE(Press(line, "EU"));
+    EXPECT_TRUE(Press(line, "=+"));
     EXPECT_EQ(line.GetCurrentString(), "0x0x84");
-    line.DrawLine(0);
-    EXPECT_EQ(panel.Row(0), " G      ");
-    EXPECT_EQ(panel.TakeReverse(), Cells{"0,2:\x84"});
-    EXPECT_FALSE(Press(line, "E"));
+    EXPECT_EQ(panel.Draw(line, 0), " G[\x84]");
+    EXPECT_FALSE(Press(line, "="));
     EXPECT_EQ(line.GetSelection(), 1);
 
-    EXPECT_FALSE(Press(line, "EUX"));  // exit restores the committed choice
+    EXPECT_FALSE(Press(line, "=+~"));  // exit restores the committed choice
     EXPECT_EQ(line.GetSelection(), 1);
     EXPECT_EQ(line.GetCurrentString(), "0x0x84");
 
     EXPECT_FALSE(line.SetCurrentValue(2));
     line.SetReadOnly(true);
-    EXPECT_FALSE(Press(line, "E"));
+    EXPECT_FALSE(Press(line, "="));
 }
 
 TEST(YesNoLine, LeftRightAndLayout) {
-    TextPanel wide(16, 2);
+    fptest::TextDisplay wide(16, 2);
     FP::YesNoLine line;
     line.SetDisplay(&wide);
     line.SetNumItems(2);
     EXPECT_EQ(line.GetCurrentString(), "No");
-    line.DrawLine(1);
-    EXPECT_EQ(wide.Row(1), "   Yes          ");
-    EXPECT_EQ(wide.TakeReverse(), Cells{"1,10:No"});
+    EXPECT_EQ(wide.Draw(line), "   Yes    [No]");
 
-    EXPECT_TRUE(Press(line, "L"));
-    line.DrawLine(1);
-    EXPECT_EQ(wide.Row(1), "          No    ");
-    EXPECT_EQ(wide.TakeReverse(), Cells{"1,3:Yes"});
-    Press(line, "R");
+    EXPECT_TRUE(Press(line, "<"));
+    EXPECT_EQ(wide.Draw(line), "   [Yes]    No");
+    Press(line, ">");
     EXPECT_EQ(line.GetCurrentString(), "No");
-    Press(line, "RUDE");  // wraps; other keys change nothing
+    Press(line, ">+-=");  // wraps; other keys change nothing
     EXPECT_EQ(line.GetCurrentString(), "Yes");
     EXPECT_FALSE(line.GetEditing());
 
     EXPECT_TRUE(line.SetCurrentValue(5));
     EXPECT_EQ(line.GetSelectedIndex(), 0);
 
-    TextPanel narrow(8, 1);
+    fptest::TextDisplay narrow(8, 1);
     line.SetDisplay(&narrow);
     line.SetReadOnly(true);
-    EXPECT_TRUE(Press(line, "L"));
+    EXPECT_TRUE(Press(line, "<"));
     EXPECT_EQ(line.GetSelectedIndex(), 0);
-    line.DrawLine(0);
-    EXPECT_EQ(narrow.Row(0), "Yes     ");  // the last cell takes no word
-    EXPECT_EQ(narrow.TakeReverse(), Cells{});
+    EXPECT_EQ(narrow.Draw(line, 0), "Yes");  // the last cell takes no word
 }

@@ -2,9 +2,9 @@
 
 #include "fp/lines/DateLine.h"
 #include "fp/lines/TimeLine.h"
-#include "tests/fp/lines/EditLineFixture.h"
+#include "tests/fp/lines/LineFixture.h"
 
-using EditLines::Press;
+using linetest::Press;
 
 namespace {
 
@@ -99,19 +99,19 @@ TEST(DateTimeLinesTest, CommitExitSettersAndReadOnly) {
 }
 
 TEST(DateTimeLinesTest, DrawnWithTheSelectedFieldReversed) {
-    EditLines::TextDisplay display;
+    fptest::TextDisplay display;
     Date date(2024, 6, 30);
     date.SetDisplay(&display);
     date.SetVariableName("Date:");
     date.SetSuffix("x");  // never drawn
-    EXPECT_EQ(display.Draw(date), " Date:2024/06/30    ");
+    EXPECT_EQ(display.Draw(date), " Date:2024/06/30");
     Press(date, "=>");
-    EXPECT_EQ(display.Draw(date), " Date:2024/[0][6]/30    ");
+    EXPECT_EQ(display.Draw(date), " Date:2024/[06]/30");
 
     FP::TimeLine time(23, 5, 0);
     time.SetDisplay(&display);
     Press(time, "=<");
-    EXPECT_EQ(display.Draw(time), " 23:05:[0][0]           ");
+    EXPECT_EQ(display.Draw(time), " 23:05:[00]");
 
     // Values given without checks may print wider than the fields; the
     // drawing still stays on its row.
@@ -119,6 +119,6 @@ TEST(DateTimeLinesTest, DrawnWithTheSelectedFieldReversed) {
     odd.SetDisplay(&display);
     odd.SetVariableName("Date:");
     Press(odd, "=<");
-    EXPECT_EQ(display.Draw(odd), " Date:123456/-[5][/]07  ");
-    EXPECT_EQ(display.Row(0), std::string(20, ' '));
+    EXPECT_EQ(display.Draw(odd), " Date:123456/-[5/]07");
+    EXPECT_EQ(display.Row(0), "");
 }

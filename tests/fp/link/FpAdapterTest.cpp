@@ -6,9 +6,11 @@
 #include <algorithm>
 #include <chrono>
 #include <future>
+#include <random>
 #include <string>
 #include <thread>
 
+#include "sim/FrameEncoder.h"
 #include "tests/fp/link/LinkPeer.h"
 #include "tests/support/LogCapture.h"
 
@@ -61,7 +63,6 @@ TEST_F(AdapterTest, OutgoingPayloadMustEscapeToAtMost509Bytes) {
     EXPECT_FALSE(adapter.SendCommand('T', P(escapesOver)));
     EXPECT_FALSE(adapter.SendCommand('T', P(Bytes(510, 'a'))));
     EXPECT_TRUE(link.Drain().empty());
-    EXPECT_EQ(log.Count("SendCommand() Payload of ", true), 2u);
 }
 
 TEST_F(AdapterTest, ParserKeepsStateAcrossChunks) {
@@ -95,17 +96,16 @@ TEST_F(AdapterTest, StrayBytesAreLoggedWithTheirIndexInTheChunk) {
     }
 }
 
-TEST_F(AdapterTest, EmptyAndOverlongFramesAreDroppedWithALine) {
+TEST_F(AdapterTest, EmptyAndOverlongFramesAreDropped) {
     Record('K');
     EXPECT_TRUE(Feed({0x09, 0x7E}));
-    EXPECT_TRUE(log.Contains("ReceiveBytes() Empty frame dropped"));
 
     Bytes huge{0x09, 'K'};
     huge.insert(huge.end(), 2000, 0x33);
     huge.push_back(0x7E);
     EXPECT_TRUE(Feed(huge));
-    EXPECT_EQ(log.Count("ReceiveBytes() Frame longer than 512 bytes dropped"), 1u);
-    EXPECT_EQ(log.Count("Expected Frame Start at ", true), 0u);
+    EXPECT_TRUE(seen.empty());
+    EXPECT_EQ(log.Count("Expected Frame Start at ", true), 0u);  // dropped whole, not resynced
 
     // 512 collected bytes (op + 511) is still a frame.
     Bytes largest{0x09, 'K'};
@@ -143,6 +143,52 @@ TEST_F(AdapterTest, LateAnswerOfATimedOutRequestGoesToTheNextRequest) {
     EXPECT_TRUE(
         log.Contains("ReceiveRequestResponse() Expected response operation 0x56. Actual=0x41"));
     EXPECT_EQ(link.Take(3), (Bytes{0x09, 'V', 0x7E}));
+}
+
+// Random frames of every byte value and length, written in writes of random
+// size so frames are cut anywhere, arrive whole and in order.
+TEST_F(AdapterTest, RandomFramesInRandomChunksArriveIntactAndInOrder) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    constexpr size_t kFrames = 10000;  // the sanitizers slow the byte loops down
+#else
+    constexpr size_t kFrames = 50000;
+#endif
+    std::mt19937 rng(20240611);
+    fptest::Collected<Frame> got;
+    // Ops the adapter asks with could be taken for answers; keep clear of them.
+    const Bytes asked = {'A', 'D', 'I', 'V', 'Q'};
+    std::vector<Frame> sent;
+    Bytes stream;
+    while (sent.size() < kFrames) {
+        const auto op = static_cast<unsigned char>(rng());
+        if (FpAdapter::IsFrameByte(op) || std::count(asked.begin(), asked.end(), op))
+            continue;
+        Bytes payload;
+        const size_t room = rng() % (FpAdapter::kMaxEscapedPayload + 1);
+        for (size_t used = 0;;) {
+            const auto b = static_cast<unsigned char>(rng());
+            if ((used += FpAdapter::IsFrameByte(b) ? 2 : 1) > room)
+                break;
+            payload.push_back(b);
+        }
+        sent.push_back({op, payload});
+        adapter.SetResponseHandler(op, [&got, op](Payload const& p) { got.Add({op, B(p)}); });
+        const Bytes wire = FPSIM::FrameEncoder::Encode(op, payload);
+        ASSERT_LE(wire.size(), FpAdapter::kFrameBufferSize);
+        stream.insert(stream.end(), wire.begin(), wire.end());
+    }
+    std::thread controller([&] {
+        for (size_t at = 0, n; at < stream.size(); at += n) {
+            n = std::min<size_t>(stream.size() - at, 1 + rng() % 1500);
+            if (!link.peer.Write(stream.data() + at, n))
+                return;
+        }
+    });
+    const std::vector<Frame> arrived = got.WaitFor(kFrames, 60000);
+    controller.join();
+    ASSERT_EQ(arrived.size(), sent.size());
+    for (size_t i = 0; i < sent.size(); ++i)
+        ASSERT_EQ(arrived[i], sent[i]) << "frame " << i;
 }
 
 // Requests from several threads while unsolicited frames flow: every request
