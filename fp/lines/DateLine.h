@@ -25,7 +25,6 @@ public:
     void KeyDown() override;
     void KeyLeft() override;
     void KeyRight() override;
-    bool SetCurrentValue(std::string value);
     // The committed text, also while editing.
     std::string GetCurrentString() const override { return fields.CurString(); }
     void DrawLine(int row) override;
@@ -44,6 +43,12 @@ public:
 
     void UpdateCurString() { fields.UpdateCurString(); }
     void UpdateTempString() { fields.UpdateTempString(); }
+
+    // By value on purpose: hiding the base's text setter keeps this class abstract.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+    bool SetCurrentValue(std::string value);
+#pragma GCC diagnostic pop
 
 private:
     FieldEdit fields;

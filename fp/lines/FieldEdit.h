@@ -4,7 +4,6 @@
 #include <string>
 
 #include "fp/display/Display.h"
-#include "fp/input/KeyTypes.h"
 #include "fp/menu/Cursor.h"
 
 namespace FP {
@@ -42,12 +41,16 @@ public:
     void JumpRight(Cursor& cursor) const;
     // To the previous field; from the first this wraps round to the last.
     void JumpLeft(Cursor& cursor) const;
-    // Enter commits the working copy or, unless read-only, starts editing from
-    // the committed fields; exit leaves without committing.
-    void EditKey(Key_e key, bool& editing, bool readOnly);
+    // The working copy starts again from the committed fields.
+    void Begin();
+    // The working copy becomes the committed value.
+    void Commit();
     // The shown text from column on, the field under the cursor reversed
     // while editing, blanks up to lineWidth.
     void Draw(Display& display, int row, int column, bool editing, int index, int lineWidth) const;
+    // The whole row: cleared, offset blanks and caption, then Draw after them.
+    void DrawRow(Display& display, int row, int offset, const std::string& caption, bool editing,
+                 int index, int lineWidth) const;
 
 private:
     Layout_t layout;

@@ -34,11 +34,6 @@ public:
     void DrawCursor(int row) override;
     void EraseCursor(int row) override;
 
-    // The line's own engine conversions; they hide, and do not override, the
-    // base's text binding.
-    std::string GetDbValue();
-    void SendDbData(std::string value);
-
     void SetNumItems(int n);
     void SetMinMax(const double& min, const double& max);
     // Non-digit characters of the field: sign and point.
@@ -57,6 +52,14 @@ public:
     bool IsSigned() const { return isSigned; }
     const std::string& GetEditString() const { return editString; }
     const std::string& GetCommittedString() const { return currentString; }
+
+    // The line's own engine conversions (scaled and rounded); they hide the
+    // base's text binding on purpose rather than override it.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Woverloaded-virtual"
+    std::string GetDbValue();
+    void SendDbData(std::string value);
+#pragma GCC diagnostic pop
 
 private:
     bool SymbolAt(const std::string& s, int index) const;

@@ -209,4 +209,11 @@ TEST(YesNoLine, LeftRightAndLayout) {
     line.DrawLine(0);
     EXPECT_EQ(narrow.Row(0), "Yes     ");  // the last cell takes no word
     EXPECT_EQ(narrow.TakeReverse(), Cells{});
+
+    // A reverse word is an overlay, so the last cell still gets the whole "No".
+    line.SetReadOnly(false);
+    Press(line, "R");
+    line.DrawLine(0);
+    EXPECT_EQ(narrow.Row(0), "Yes     ");
+    EXPECT_EQ(narrow.TakeReverse(), Cells{"0,7:No"});
 }
