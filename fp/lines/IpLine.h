@@ -20,14 +20,15 @@ public:
     IpLine(const std::string& dbName, const std::string& dbInstance);
     ~IpLine() override;
 
-    /// Arrows walk the digits (skipping separators) and step the digit
-    /// under the cursor, on the edited copy while editing and on the value
-    /// itself otherwise. Enter starts an edit from the value or commits it
-    /// (writing it back when bound); exit drops the edit.
+    /// Arrows and digit keys edit the padded dotted form, each octet held to
+    /// 255. Enter starts or commits an edit (writing the address back when
+    /// bound); exit drops it. Outside edit mode the keys change the value
+    /// itself, without writing.
     bool KeyPress(const KeyState_t& key) override;
-    /// Digit keys 0 to 9 type at the cursor too.
+    /// Step the decimal digit under the cursor.
     void KeyUp() override;
     void KeyDown() override;
+    /// Hold the address to its limits, then go to the previous or next digit.
     void KeyLeft() override;
     void KeyRight() override;
     using BaseLine::SetCurrentValue;

@@ -21,13 +21,14 @@ public:
     explicit MacLine(const KT::CMacAddress& address);
     ~MacLine() override;
 
-    /// Arrows walk the digits (skipping separators) and step the digit
-    /// under the cursor, on the edited copy while editing and on the value
-    /// itself otherwise. Enter starts an edit from the value or commits it
-    /// (writing it back when bound); exit drops the edit.
+    /// Arrows edit the address one hex digit at a time. Enter starts or
+    /// commits an edit (writing it back when bound); exit drops it. Outside
+    /// edit mode the arrows change the value itself, without writing.
     bool KeyPress(const KeyState_t& key) override;
+    /// Step the hex digit under the cursor through 0-9 and A-F.
     void KeyUp() override;
     void KeyDown() override;
+    /// Previous or next digit, skipping the colons.
     void KeyLeft() override;
     void KeyRight() override;
     using BaseLine::SetCurrentValue;

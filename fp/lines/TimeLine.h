@@ -20,14 +20,14 @@ public:
     TimeLine(int hour, int minute, int second);
     ~TimeLine() override;
 
-    /// Arrows act on the working fields, editing or not. Enter starts an
-    /// edit from the committed fields (not on a read-only line) or commits;
-    /// exit leaves the working fields as they are.
+    /// Arrows change the working hour, minute and second even outside edit
+    /// mode. Enter copies the committed time in and edits (unless read-only),
+    /// or commits; exit keeps the working time for nothing.
     bool KeyPress(const KeyState_t& key) override;
-    /// Step the field under the cursor, wrapping at its range.
+    /// Step the hour, minute or second under the cursor, wrapping.
     void KeyUp() override;
     void KeyDown() override;
-    /// Jump to the previous or next field.
+    /// Jump between hour, minute and second.
     void KeyLeft() override;
     void KeyRight() override;
     using BaseLine::SetCurrentValue;
