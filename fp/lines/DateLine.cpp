@@ -1,6 +1,7 @@
 #include "fp/lines/DateLine.h"
 
-#include "fp/lines/LineText.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/EditFlow.h"
 
 namespace FP {
 
@@ -16,8 +17,8 @@ DateLine::DateLine() : DateLine(0, 0, 0) {}
 DateLine::DateLine(int year, int month, int day) : fields(kLayout, year, month, day) {
     cursor.SetCursorType(CURSOR_EDIT);
     cursor.SetItemCount(kLayout.textLength);
-    hoverNavMask = 0x06;
-    editNavMask = 0x07;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask = NavSymbol::kEnter | NavSymbol::kUpDown | NavSymbol::kLeftRight;
 }
 
 bool DateLine::SetCurrentValue(std::string /*value*/) {
@@ -55,18 +56,24 @@ void DateLine::KeyLeft() {
 bool DateLine::KeyPress(const KeyState_t& key) {
     cursor.EraseCursor(0);
     if (!ArrowKey(key.key)) {
-        fields.EditKey(key.key, editing, readOnly);
+        // A read-only line keeps its working copy: it never enters edit mode.
+        EditFlow::Key(
+            *this, key.key, editing,
+            [this] {
+                if (editing) {
+                    fields.Begin();
+                }
+            },
+            [this] { fields.Commit(); });
     }
     return editing;
 }
 
 void DateLine::DrawLine(int row) {
-    if (!display) {
-        return;
+    if (display) {
+        fields.DrawRow(*display, row, offset, hasVariableName ? variableName : std::string(),
+                       editing, cursor.GetCursorIndex(), lineWidth);
     }
-    const int column = LineText::WriteCaption(*display, row, offset,
-                                              hasVariableName ? variableName : std::string());
-    fields.Draw(*display, row, column, editing, cursor.GetCursorIndex(), lineWidth);
 }
 
 }  // namespace FP

@@ -1,6 +1,9 @@
 #include "fp/lines/FieldEdit.h"
 
-#include "fp/lines/LineText.h"
+#include <algorithm>
+#include <iterator>
+
+#include "fp/lines/internal/RowWriter.h"
 #include "kt/Str.h"
 
 namespace FP {
@@ -60,36 +63,35 @@ void FieldEdit::JumpLeft(Cursor& cursor) const {
     }
 }
 
-void FieldEdit::EditKey(Key_e key, bool& editing, bool readOnly) {
-    if (key == KEY_EXIT) {
-        editing = false;
-    } else if (key == KEY_ENTER && editing) {
-        editing = false;
-        curString = tempString;
-        for (int f = 0; f < 3; ++f) {
-            cur[f] = temp[f];
-        }
-    } else if (key == KEY_ENTER && !readOnly) {
-        editing = true;
-        tempString = curString;
-        for (int f = 0; f < 3; ++f) {
-            temp[f] = cur[f];
-        }
-    }
+void FieldEdit::Begin() {
+    tempString = curString;
+    std::copy(std::begin(cur), std::end(cur), std::begin(temp));
+}
+
+void FieldEdit::Commit() {
+    curString = tempString;
+    std::copy(std::begin(temp), std::end(temp), std::begin(cur));
+}
+
+void FieldEdit::DrawRow(Display& display, int row, int offset, const std::string& caption,
+                        bool editing, int index, int lineWidth) const {
+    RowWriter::Caption(display, row, offset, caption);
+    // The text follows the caption even when a negative offset hides part of it.
+    Draw(display, row, offset + static_cast<int>(caption.size()), editing, index, lineWidth);
 }
 
 void FieldEdit::Draw(Display& display, int row, int column, bool editing, int index,
                      int lineWidth) const {
     const std::string& text = editing ? tempString : curString;
-    LineText::WriteRow(display, text, row, column);
+    RowWriter::Write(display, text, row, column);
     if (editing) {
         // A field out of its range may print wider than its place; then only
         // what lies in the text is shown.
         const int f = Field(index);
-        LineText::WriteReverseRow(display, LineText::Part(text, layout.start[f], layout.length[f]),
-                                  row, column + layout.start[f]);
+        RowWriter::Word(display, RowWriter::Part(text, layout.start[f], layout.length[f]), row,
+                        column + layout.start[f], true);
     }
-    LineText::PadRow(display, row, column + static_cast<int>(text.size()), lineWidth);
+    RowWriter::Pad(display, row, column + static_cast<int>(text.size()), lineWidth);
 }
 
 }  // namespace FP

@@ -1,5 +1,9 @@
 #include "fp/lines/IpLine.h"
 
+#include "fp/core/Names.h"
+#include "fp/lines/internal/EditFlow.h"
+#include "fp/menu/internal/EditCursor.h"
+
 namespace FP {
 
 namespace {
@@ -41,8 +45,9 @@ IpLine::IpLine()
     // Walkable from the start, before any value is set.
     cursor.SetItemCount(kTextLength);
     cursor.SetDisplayLines(0, kTextLength);
-    hoverNavMask = 0x06;
-    editNavMask = 0x87;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask =
+        NavSymbol::kCheck | NavSymbol::kEnter | NavSymbol::kUpDown | NavSymbol::kLeftRight;
 }
 
 IpLine::IpLine(const std::string& dbName, const std::string& dbInstance) : IpLine() {
@@ -181,49 +186,25 @@ bool IpLine::KeyPress(const KeyState_t& key) {
     if (ArrowKey(key.key)) {
         return editing;
     }
-    switch (key.key) {
-        case KEY_EXIT:
-            editing = false;
-            return false;
-        case KEY_ENTER:
-            if (editing) {
-                editing = false;
-                currentAddress = editAddress;
-                if (!readOnly && dbActive) {
-                    SendDbData(currentAddress.GetIp(false));
-                }
-            } else {
-                if (!readOnly) {
-                    editing = true;
-                }
-                editAddress = currentAddress;
-            }
-            break;
-        default:
-            if (key.key >= KEY_0 && key.key <= KEY_9) {
-                KeyNum(key);
-            }
-            break;
+    const auto step = EditFlow::Key(
+        *this, key.key, editing, [this] { editAddress = currentAddress; },
+        [this] {
+            currentAddress = editAddress;
+            return currentAddress.GetIp(false);
+        });
+    if (step == EditFlow::STEP_NONE && key.key >= KEY_0 && key.key <= KEY_9) {
+        KeyNum(key);
     }
     return editing;
 }
 
 void IpLine::DrawCursor(int row) {
-    const int column = offset + static_cast<int>(variableName.size());
-    const int i = cursor.GetCursorIndex();
-    if (!display || column + i >= static_cast<int>(display->GetDisplayWidth())) {
-        return;
-    }
-    // The edit cursor takes the row as its line and the character index as
-    // its column inside the text.
-    cursor.SetCursorColumn(row);
-    cursor.SetCursorPosition(i);
-    cursor.DrawCursor(column, editAddress.GetIp(true));
+    EditCursor::Draw(cursor, display, row, offset + static_cast<int>(variableName.size()),
+                     editAddress.GetIp(true));
 }
 
 void IpLine::EraseCursor(int row) {
-    cursor.SetCursorPosition(row);
-    cursor.EraseCursor(0);
+    EditCursor::Erase(cursor, row);
 }
 
 }  // namespace FP

@@ -2,17 +2,19 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <sstream>
+#include <string>
 #include <utility>
 
-#include "fp/lines/RowWriter.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/EditFlow.h"
+#include "fp/lines/internal/RowWriter.h"
 #include "kt/Str.h"
 
 namespace FP {
 
 void ListLine::SetupBase() {
-    hoverNavMask = 6;
-    editNavMask = 6;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
 }
 
 ListLine::ListLine(bool convert)
@@ -188,51 +190,33 @@ void ListLine::KeyPressDown() {
 }
 
 bool ListLine::KeyPress(const KeyState_t& key) {
-    switch (key.key) {
-        case KEY_UP:
-            KeyPressUp();
-            return editing;
-        case KEY_DOWN:
-            KeyPressDown();
-            return editing;
-        case KEY_EXIT:
-            editing = false;
-            cursor.SetSelectedItem(GetIndex(currentIndex));
-            return false;
-        case KEY_ENTER:
-            if (!editing) {
-                editIndex = currentIndex;
-                if (!readOnly) {
-                    editing = true;
-                }
-                return editing;
-            }
-            currentIndex = editIndex;
-            editing = false;
-            if (!readOnly && dbActive) {
-                std::ostringstream position;
-                position << editIndex + 1;
-                SendDbData(position.str());
-            }
-            return false;
-        default:
-            return editing;
+    if (key.key == KEY_UP) {
+        KeyPressUp();
+        return editing;
     }
+    if (key.key == KEY_DOWN) {
+        KeyPressDown();
+        return editing;
+    }
+    const auto step = EditFlow::Key(
+        *this, key.key, editing, [this] { editIndex = currentIndex; },
+        [this] {
+            currentIndex = editIndex;
+            return std::to_string(editIndex + 1);
+        });
+    if (step == EditFlow::STEP_CANCELLED) {
+        // Back on the committed choice; the next edit starts from it.
+        cursor.SetSelectedItem(GetIndex(currentIndex));
+    }
+    return editing;
 }
 
 void ListLine::DrawLine(int row) {
     if (!display) {
         return;
     }
-    display->ClearLine(static_cast<unsigned>(row));
-    int column = offset > 0 ? offset : 0;
-    std::string lead(static_cast<size_t>(column), ' ');
-    if (hasVariableName) {
-        lead += variableName;
-        column += static_cast<int>(variableName.size());
-    }
-    RowWriter::Word(*display, lead, row, 0, false);
-
+    const int column =
+        RowWriter::Caption(*display, row, offset, hasVariableName ? variableName : std::string());
     int end;
     if (itemCount > 0 && !itemTexts.empty()) {
         std::string text = GetCurrentString();

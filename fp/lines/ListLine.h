@@ -10,48 +10,70 @@
 
 namespace FP {
 
-// A choice among texts, each mapped to the engine value it represents (its
-// key). Items appear sorted by key as plain strings, so numbered keys come
-// as "1", "10", "11", "2", ... Committing writes where the chosen item
-// stands in that order, counted from 1, and not its key: stored values
-// depend on exactly this.
+/// A choice among texts, each mapped to the engine value it represents (its
+/// key). Items appear sorted by key as plain strings, so numbered keys come
+/// as "1", "10", "11", "2", ...
+///
+/// What is stored: committing writes the chosen item's 1-based position in
+/// that sorted order, NOT its key, while reading looks the value up by key.
+/// So a list keyed "1".."9" in order round-trips; any other keys (a map, or
+/// ten or more entries) write back a number that is not the key read.
+/// Stored values depend on exactly this, so it stays.
+/// Threads and ownership: as BaseLine (borrows the display and the client).
 class ListLine : public BaseLine {
 public:
+    /// An empty list. With convertTexts, item texts have the characters the
+    /// panel cannot show replaced.
     explicit ListLine(bool convertTexts);
+    /// Items keyed "1", "2", ... by their place in the vector.
     ListLine(std::vector<std::string> items, bool convertTexts);
+    /// Items keyed by the map's keys.
     ListLine(std::map<std::string, std::string> items, bool convertTexts);
+    /// Items keyed by the decimal text of the map's keys.
     ListLine(std::map<int, std::string> items, bool convertTexts);
-    // Entry 0 is not used: the texts are items[1] to items[count - 1].
+    /// Entry 0 is not used: the texts are items[1] to items[count - 1].
     ListLine(const char** items, int count);
     ~ListLine() override;
 
+    /// Up and down walk the items (skipped ones left out), editing or not.
+    /// Enter starts choosing or commits the choice; exit goes back to the
+    /// committed item.
     bool KeyPress(const KeyState_t& key) override;
     using BaseLine::SetCurrentValue;
-    // Selects the item whose key is key. An unknown key is refused.
+    /// Selects the item whose key is key. An unknown key is refused.
     bool SetCurrentValue(const std::string& key) override;
+    /// The chosen item's text (the one being chosen while editing).
     std::string GetCurrentString() const override;
+    /// Caption, then the item and suffix (reversed while editing), or "-"
+    /// for an empty list.
     void DrawLine(int row) override;
     void DrawCursor(int /*line*/) override {}
     void EraseCursor(int /*line*/) override {}
 
+    /// Selects item index (0-based); false when out of range or skipped.
     virtual bool SetCurrentValue(int index);
+    /// Selects the first item with exactly this text.
     virtual bool SetCurrentValue(const char* text);
+    /// Index of the chosen item (the one being chosen while editing).
     virtual int GetCurrentNumber() const;
+    /// Item text by index, "" when out of range.
     virtual std::string GetItemString(unsigned int index) const;
-    // text read as a base-10 index.
+    /// text read as a base-10 index.
     virtual std::string GetItemString(const std::string& text) const;
 
-    // Loads the items from keys; meant to be called once, by the constructors.
+    /// Loads the items from keys; meant to be called once, by the constructors.
     void MapConstruct(std::map<std::string, std::string> keys);
+    /// The number of items the cursor walks.
     void SetNumItems(int n);
-    // 1-based item numbers.
+    /// Leaves item n (1-based) out of the walk, or puts it back.
     void SetSkipItem(int n);
     void RemoveSkipItem(int n);
-    // Visible position to item index, and back.
+    /// Visible position to item index, and back.
     int GetItem(int visible) const;
     int GetIndex(int item) const;
-    // The text of the key-map entry at the current index.
+    /// The text of the key-map entry at the current index.
     std::string GetValue() const;
+    /// Next and previous shown item, wrapping.
     void KeyPressUp();
     void KeyPressDown();
 

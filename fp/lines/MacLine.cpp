@@ -1,6 +1,8 @@
 #include "fp/lines/MacLine.h"
 
-#include "fp/lines/LineText.h"
+#include "fp/lines/internal/EditFlow.h"
+#include "fp/lines/internal/RowWriter.h"
+#include "fp/menu/internal/EditCursor.h"
 
 namespace FP {
 
@@ -98,29 +100,13 @@ void MacLine::KeyLeft() {
 
 bool MacLine::KeyPress(const KeyState_t& key) {
     cursor.EraseCursor(0);
-    if (ArrowKey(key.key)) {
-        return editing;
-    }
-    switch (key.key) {
-        case KEY_EXIT:
-            editing = false;
-            return false;
-        case KEY_ENTER:
-            if (editing) {
-                editing = false;
+    if (!ArrowKey(key.key)) {
+        EditFlow::Key(
+            *this, key.key, editing, [this] { editAddress = currentAddress; },
+            [this] {
                 currentAddress = editAddress;
-                if (!readOnly && dbActive) {
-                    SendDbData(currentAddress.ToString(true));
-                }
-            } else {
-                if (!readOnly) {
-                    editing = true;
-                }
-                editAddress = currentAddress;
-            }
-            break;
-        default:
-            break;
+                return currentAddress.ToString(true);
+            });
     }
     return editing;
 }
@@ -134,29 +120,17 @@ void MacLine::DrawLine(int row) {
         BaseLine::DrawLine(row);
         return;
     }
-    const std::string text = editAddress.ToString(true);
-    display->ClearLine(static_cast<unsigned int>(row));
-    LineText::WriteRow(*display, std::string(offset > 0 ? static_cast<size_t>(offset) : 0, ' '),
-                       row, 0);
-    LineText::WriteRow(*display, text, row, offset);
+    RowWriter::Caption(*display, row, offset, std::string());
+    RowWriter::Write(*display, editAddress.ToString(true), row, offset);
     DrawCursor(row);
 }
 
 void MacLine::DrawCursor(int row) {
-    const int i = cursor.GetCursorIndex();
-    if (!display || TextColumn() + i >= static_cast<int>(display->GetDisplayWidth())) {
-        return;
-    }
-    // The edit cursor takes the row as its line and the character index as
-    // its column inside the text.
-    cursor.SetCursorColumn(row);
-    cursor.SetCursorPosition(i);
-    cursor.DrawCursor(TextColumn(), editAddress.ToString(true));
+    EditCursor::Draw(cursor, display, row, TextColumn(), editAddress.ToString(true));
 }
 
 void MacLine::EraseCursor(int row) {
-    cursor.SetCursorPosition(row);
-    cursor.EraseCursor(0);
+    EditCursor::Erase(cursor, row);
 }
 
 }  // namespace FP

@@ -6,7 +6,10 @@
 #include <limits>
 #include <stdexcept>
 
-#include "fp/lines/RowWriter.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/EditFlow.h"
+#include "fp/lines/internal/RowWriter.h"
+#include "fp/menu/internal/EditCursor.h"
 #include "fp/screens/FpClient.h"
 #include "kt/Str.h"
 
@@ -48,8 +51,8 @@ NumberLine::NumberLine(const bool& isSignedArg, const double& unitArg, const int
       isSigned(isSignedArg) {
     SetNumItems(9);
     cursor.SetCursorType(CURSOR_EDIT);
-    hoverNavMask = 0x06;
-    editNavMask = 0x07;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask = NavSymbol::kEnter | NavSymbol::kUpDown | NavSymbol::kLeftRight;
 }
 
 NumberLine::NumberLine(const bool& isSignedArg) : NumberLine(isSignedArg, 1.0, 0, 0.0) {}
@@ -198,6 +201,20 @@ void NumberLine::NumKeyDown() {
 }
 
 bool NumberLine::KeyPress(const KeyState_t& key) {
+    const auto begin = [this] {
+        editString = currentString;
+        decimalPos = GetDecimalPos(editString);
+        if (SymbolAt(editString, cursor.GetCursorIndex())) {
+            cursor.MoveCursorRight();
+        }
+    };
+    const auto commit = [this] {
+        currentString = editString;
+        return currentString;
+    };
+    if (EditFlow::Key(*this, key.key, editing, begin, commit) != EditFlow::STEP_NONE) {
+        return editing;
+    }
     switch (key.key) {
         case KEY_LEFT:
             cursor.MoveCursorLeft();
@@ -216,27 +233,6 @@ bool NumberLine::KeyPress(const KeyState_t& key) {
             break;
         case KEY_DOWN:
             NumKeyDown();
-            break;
-        case KEY_EXIT:
-            editing = false;
-            return false;
-        case KEY_ENTER:
-            if (editing) {
-                editing = false;
-                currentString = editString;
-                if (!readOnly && dbActive) {
-                    SendDbData(currentString);
-                }
-            } else {
-                if (!readOnly) {
-                    editing = true;
-                }
-                editString = currentString;
-                decimalPos = GetDecimalPos(editString);
-                if (SymbolAt(editString, cursor.GetCursorIndex())) {
-                    cursor.MoveCursorRight();
-                }
-            }
             break;
         default:
             break;
@@ -292,15 +288,10 @@ void NumberLine::DrawLine(int row) {
     if (!display) {
         return;
     }
-    display->ClearLine(static_cast<unsigned>(row));
-    std::string lead(static_cast<size_t>(offset > 0 ? offset : 0), ' ');
-    if (hasVariableName) {
-        lead += variableName;
-    }
-    RowWriter::Word(*display, lead, row, 0, false);
-    const int column = static_cast<int>(lead.size());
+    const int column =
+        RowWriter::Caption(*display, row, offset, hasVariableName ? variableName : std::string());
     const std::string shown = GetCurrentString();
-    RowWriter::Word(*display, shown, row, column, false);
+    RowWriter::Write(*display, shown, row, column);
     if (editing) {
         DrawCursor(row);
         const int i = cursor.GetCursorIndex();
@@ -312,7 +303,7 @@ void NumberLine::DrawLine(int row) {
     }
     int next = column + numItems;
     if (hasSuffix) {
-        RowWriter::Word(*display, suffix, row, next, false);
+        RowWriter::Write(*display, suffix, row, next);
         next += static_cast<int>(suffix.size());
     }
     RowWriter::Pad(*display, row, next, lineWidth);
@@ -326,8 +317,7 @@ void NumberLine::DrawCursor(int row) {
 }
 
 void NumberLine::EraseCursor(int row) {
-    cursor.SetCursorPosition(row);
-    cursor.EraseCursor(0);
+    EditCursor::Erase(cursor, row);
 }
 
 }  // namespace FP

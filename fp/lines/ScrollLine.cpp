@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "fp/core/Names.h"
 #include "kt/Str.h"
 
 namespace FP {
@@ -14,7 +15,7 @@ const size_t kKeptText = 254;
 
 ScrollLine::ScrollLine() : scrollPos(0), textLength(0) {
     sendAllKeys = true;
-    hoverNavMask = 3;
+    hoverNavMask = NavSymbol::kLeftRight | NavSymbol::kUpDown;
     editNavMask = 0;
 }
 
@@ -31,7 +32,9 @@ ScrollLine::ScrollLine(std::string dbName, std::string dbInstance) : ScrollLine(
 ScrollLine::~ScrollLine() = default;
 
 bool ScrollLine::SetCurrentValue(const std::string& v) {
-    hoverNavMask = static_cast<int>(v.size()) < lineWidth ? 2 : 3;
+    hoverNavMask = static_cast<int>(v.size()) < lineWidth
+                       ? NavSymbol::kUpDown
+                       : NavSymbol::kLeftRight | NavSymbol::kUpDown;
     textLength = static_cast<int32_t>(v.size()) +
                  (hasSuffix ? static_cast<int>(suffix.size()) : 0) -
                  (hasVariableName ? static_cast<int>(variableName.size()) : 0);

@@ -1,14 +1,15 @@
 #include "fp/lines/SelectLine.h"
 
-#include "fp/lines/RowWriter.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/RowWriter.h"
 #include "kt/Str.h"
 
 namespace FP {
 
 SelectLine::SelectLine()
     : choices{0x85, 0x84}, itemCount(2), currentIndex(0), editIndex(0), selection(0) {
-    hoverNavMask = 6;
-    editNavMask = 6;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
     alignment = CENTER;
     cursor.SetItemCount(itemCount);
 }
@@ -85,19 +86,13 @@ void SelectLine::DrawLine(int row) {
     if (!display) {
         return;
     }
-    display->ClearLine(static_cast<unsigned>(row));
-    int column = offset > 0 ? offset : 0;
-    std::string lead(static_cast<size_t>(column), ' ');
-    if (hasVariableName) {
-        lead += variableName;
-        column += static_cast<int>(variableName.size());
-    }
-    RowWriter::Word(*display, lead, row, 0, false);
+    int column =
+        RowWriter::Caption(*display, row, offset, hasVariableName ? variableName : std::string());
     const unsigned char shown = itemCount < 1 || choices.empty() ? '-' : ShownChoice();
     RowWriter::Char(*display, shown, row, column, editing);
     ++column;
     if (hasSuffix) {
-        RowWriter::Word(*display, suffix, row, column, false);
+        RowWriter::Write(*display, suffix, row, column);
         column += static_cast<int>(suffix.size());
     }
     RowWriter::Pad(*display, row, column, lineWidth);

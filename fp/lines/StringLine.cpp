@@ -1,6 +1,9 @@
 #include "fp/lines/StringLine.h"
 
-#include "fp/lines/LineText.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/EditFlow.h"
+#include "fp/lines/internal/RowWriter.h"
+#include "fp/menu/internal/EditCursor.h"
 #include "kt/Str.h"
 
 namespace FP {
@@ -27,8 +30,9 @@ const char kAllCharJumps[][2] = {{'/', ':'}, {'9', ' '}, {'@', '['}, {'Z', '0'},
 
 StringLine::StringLine() : maxLength(1), characterSet(AlphaNumeric) {
     cursor.SetCursorType(CURSOR_EDIT);
-    hoverNavMask = 0x06;
-    editNavMask = 0xA7;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask = NavSymbol::kCheck | NavSymbol::kCross | NavSymbol::kEnter | NavSymbol::kUpDown |
+                  NavSymbol::kLeftRight;
 }
 
 StringLine::~StringLine() = default;
@@ -177,13 +181,16 @@ void StringLine::PutDelete() {
 
 bool StringLine::KeyPress(const KeyState_t& key) {
     cursor.EraseCursor(0);
-    if (!editing) {
-        if (key.key == KEY_ENTER) {
-            if (!readOnly) {
-                editing = true;
-            }
-            editText = committedText;
-        }
+    // Outside edit mode only enter does anything.
+    if (!editing && key.key != KEY_ENTER) {
+        return editing;
+    }
+    if (EditFlow::Key(
+            *this, key.key, editing, [this] { editText = committedText; },
+            [this] {
+                committedText = editText;
+                return GetCurrentString();
+            }) != EditFlow::STEP_NONE) {
         return editing;
     }
     const int code = key.key;
@@ -212,16 +219,6 @@ bool StringLine::KeyPress(const KeyState_t& key) {
                 AlphaNumericKeyDown();
             }
             break;
-        case KEY_EXIT:
-            editing = false;
-            return false;
-        case KEY_ENTER:
-            editing = false;
-            committedText = editText;
-            if (!readOnly && dbActive) {
-                SendDbData(GetCurrentString());
-            }
-            break;
         case KEY_BACKSPACE:
             PutBackspace();
             break;
@@ -248,59 +245,37 @@ void StringLine::DrawLine(int row) {
     if (!display) {
         return;
     }
-    display->ClearLine(static_cast<unsigned int>(row));
-    std::string head(offset > 0 ? static_cast<size_t>(offset) : 0, ' ');
-    if (hasVariableName) {
-        head += variableName;
-    }
-    LineText::WriteRow(*display, head, row, 0);
+    RowWriter::Caption(*display, row, offset, hasVariableName ? variableName : std::string());
     const int column = TextColumn();
     // Past the maximum length the suffix or the padding would overwrite the
     // text anyway; cutting it here also keeps an over-long value on its row.
     const std::string& text = editing ? editText : committedText;
-    LineText::WriteRow(*display, LineText::Part(text, 0, maxLength > 0 ? maxLength : 0), row,
-                       column);
+    RowWriter::Write(*display, RowWriter::Part(text, 0, maxLength > 0 ? maxLength : 0), row,
+                     column);
     if (editing) {
         DrawCursor(row);
         const int i = cursor.GetCursorIndex();
         if (i >= 0 && i < maxLength && static_cast<size_t>(i) < editText.size()) {
-            const std::string cell = editText.substr(static_cast<size_t>(i), 1);
-            // The cursor has normally just drawn this very cell; a second
-            // copy would only cost another round of frames on the link.
-            const auto& words = display->GetReverseWords();
-            const bool drawn = !words.empty() && words.back().text == cell &&
-                               words.back().line == static_cast<unsigned int>(row) &&
-                               words.back().column == static_cast<unsigned int>(column + i);
-            if (!drawn) {
-                LineText::WriteReverseRow(*display, cell, row, column + i);
-            }
+            EditCursor::CellOnce(*display, static_cast<unsigned char>(editText[i]), row,
+                                 column + i);
         }
     } else {
         EraseCursor(row);
     }
     int end = column + (maxLength > 0 ? maxLength : 0);
     if (hasSuffix) {
-        LineText::WriteRow(*display, suffix, row, end);
+        RowWriter::Write(*display, suffix, row, end);
         end += static_cast<int>(suffix.size());
     }
-    LineText::PadRow(*display, row, end, lineWidth);
+    RowWriter::Pad(*display, row, end, lineWidth);
 }
 
 void StringLine::DrawCursor(int row) {
-    // The edit cursor takes the row as its line and the character index as
-    // its column inside the text.
-    const int i = cursor.GetCursorIndex();
-    if (!display || TextColumn() + i >= static_cast<int>(display->GetDisplayWidth())) {
-        return;
-    }
-    cursor.SetCursorColumn(row);
-    cursor.SetCursorPosition(i);
-    cursor.DrawCursor(TextColumn(), editText);
+    EditCursor::Draw(cursor, display, row, TextColumn(), editText);
 }
 
 void StringLine::EraseCursor(int row) {
-    cursor.SetCursorPosition(row);
-    cursor.EraseCursor(0);
+    EditCursor::Erase(cursor, row);
 }
 
 }  // namespace FP

@@ -1,6 +1,7 @@
 #include "fp/lines/TimeLine.h"
 
-#include "fp/lines/LineText.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/EditFlow.h"
 
 namespace FP {
 
@@ -16,8 +17,8 @@ TimeLine::TimeLine() : TimeLine(0, 0, 0) {}
 TimeLine::TimeLine(int hour, int minute, int second) : fields(kLayout, hour, minute, second) {
     cursor.SetCursorType(CURSOR_EDIT);
     cursor.SetItemCount(kLayout.textLength);
-    hoverNavMask = 0x06;
-    editNavMask = 0x07;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
+    editNavMask = NavSymbol::kEnter | NavSymbol::kUpDown | NavSymbol::kLeftRight;
 }
 
 TimeLine::~TimeLine() = default;
@@ -57,18 +58,24 @@ void TimeLine::KeyLeft() {
 bool TimeLine::KeyPress(const KeyState_t& key) {
     cursor.EraseCursor(0);
     if (!ArrowKey(key.key)) {
-        fields.EditKey(key.key, editing, readOnly);
+        // A read-only line keeps its working copy: it never enters edit mode.
+        EditFlow::Key(
+            *this, key.key, editing,
+            [this] {
+                if (editing) {
+                    fields.Begin();
+                }
+            },
+            [this] { fields.Commit(); });
     }
     return editing;
 }
 
 void TimeLine::DrawLine(int row) {
-    if (!display) {
-        return;
+    if (display) {
+        fields.DrawRow(*display, row, offset, hasVariableName ? variableName : std::string(),
+                       editing, cursor.GetCursorIndex(), lineWidth);
     }
-    const int column = LineText::WriteCaption(*display, row, offset,
-                                              hasVariableName ? variableName : std::string());
-    fields.Draw(*display, row, column, editing, cursor.GetCursorIndex(), lineWidth);
 }
 
 }  // namespace FP

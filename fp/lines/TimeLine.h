@@ -7,27 +7,35 @@
 
 namespace FP {
 
-// A time of day set field by field ("23:59:00"): left and right jump between
-// hour, minute and second, up and down step the field with wrap-around,
-// enter commits. The line writes nothing back; its owner
-// picks the committed fields up through the getters.
+/// A time of day set field by field ("23:59:00"): left and right jump between
+/// hour, minute and second, up and down step the field with wrap-around,
+/// enter commits. The line writes nothing back; its owner
+/// picks the committed fields up through the getters.
+/// Threads and ownership: as BaseLine (borrows the display and the client).
 class TimeLine : public BaseLine {
 public:
+    /// All fields 0 ("00:00:00").
     TimeLine();
-    // No range check: the fields are taken as given.
+    /// No range check: the fields are taken as given.
     TimeLine(int hour, int minute, int second);
     ~TimeLine() override;
 
+    /// Arrows change the working hour, minute and second even outside edit
+    /// mode. Enter copies the committed time in and edits (unless read-only),
+    /// or commits; exit keeps the working time for nothing.
     bool KeyPress(const KeyState_t& key) override;
+    /// Step the hour, minute or second under the cursor, wrapping.
     void KeyUp() override;
     void KeyDown() override;
+    /// Jump between hour, minute and second.
     void KeyLeft() override;
     void KeyRight() override;
     using BaseLine::SetCurrentValue;
-    // A time is not taken from text: always false.
+    /// A time is not taken from text: always false.
     bool SetCurrentValue(const std::string& value) override;
-    // The committed text, also while editing.
+    /// The committed text, also while editing.
     std::string GetCurrentString() const override { return fields.CurString(); }
+    /// Caption and text; while editing the field under the cursor is reversed.
     void DrawLine(int row) override;
     void DrawCursor(int /*row*/) override {}
     void EraseCursor(int /*row*/) override {}
@@ -35,13 +43,15 @@ public:
     int GetHour() const { return fields.Committed(0); }
     int GetMinute() const { return fields.Committed(1); }
     int GetSecond() const { return fields.Committed(2); }
-    // Out-of-range values are ignored. Only the committed field changes;
-    // the texts are rebuilt by the next step or commit.
+    /// Out-of-range values are ignored. Only the committed field changes;
+    /// the texts are rebuilt by the next step or commit.
     void SetHour(int hour);
     void SetMinute(int minute);
     void SetSecond(int second);
+    /// The working text.
     const std::string& GetEditString() const { return fields.TempString(); }
 
+    /// Rebuild the committed or the working text from its fields.
     void UpdateCurString() { fields.UpdateCurString(); }
     void UpdateTempString() { fields.UpdateTempString(); }
 

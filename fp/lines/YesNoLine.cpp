@@ -1,11 +1,12 @@
 #include "fp/lines/YesNoLine.h"
 
-#include "fp/lines/RowWriter.h"
+#include "fp/core/Names.h"
+#include "fp/lines/internal/RowWriter.h"
 
 namespace FP {
 
 YesNoLine::YesNoLine() : itemCount(2), selectedIndex(0) {
-    hoverNavMask = 5;
+    hoverNavMask = NavSymbol::kEnter | NavSymbol::kLeftRight;
     alignment = CENTER;
     const std::string words[] = {"Yes", "No"};
     SetMenuItems(words);
@@ -68,12 +69,16 @@ void YesNoLine::DrawLine(int row) {
     const int left = width <= 8 ? 0 : (width - 9) / 2;
     const int right = left + 7;
     display->ClearLine(static_cast<unsigned>(row));
-    if (readOnly) {
-        RowWriter::Word(*display, Item(0), row, left, false);
-        RowWriter::Word(*display, Item(1), row, right, false);
-    } else if (selectedIndex == 0 || selectedIndex == 1) {
-        RowWriter::Word(*display, Item(0), row, left, selectedIndex == 0);
-        RowWriter::Word(*display, Item(1), row, right, selectedIndex == 1);
+    if (!readOnly && selectedIndex != 0 && selectedIndex != 1) {
+        return;
+    }
+    for (int i = 0; i < 2; ++i) {
+        const int column = i == 0 ? left : right;
+        if (!readOnly && selectedIndex == i) {
+            RowWriter::Overlay(*display, Item(i), row, column);
+        } else {
+            RowWriter::Write(*display, Item(i), row, column);
+        }
     }
 }
 

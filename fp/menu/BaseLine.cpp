@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "fp/menu/internal/EditCursor.h"
 #include "fp/screens/FpClient.h"
 
 namespace FP {
@@ -83,12 +84,11 @@ void BaseLine::DrawLine(int line) {
     if (editing) {
         DrawCursor(line);
         const int i = cursor.GetCursorIndex();
-        // Only a character that exists, and whose cell is on the row, is
-        // shown reversed: the text was cut at the row's end above.
-        const size_t column = (offset > 0 ? offset : 0) + variableName.size() + i;
-        if (i >= 0 && static_cast<size_t>(i) < value.size() &&
-            column < display->GetDisplayWidth()) {
-            display->WriteReverseChar(static_cast<unsigned char>(value[i]), line, column);
+        // Only a character that exists is shown reversed.
+        if (i >= 0 && static_cast<size_t>(i) < value.size()) {
+            const int column =
+                (offset > 0 ? offset : 0) + static_cast<int>(variableName.size()) + i;
+            EditCursor::CellOnce(*display, static_cast<unsigned char>(value[i]), line, column);
         }
     } else {
         EraseCursor(line);

@@ -1,12 +1,9 @@
 #include "fp/menu/LineContainer.h"
 
+#include "fp/core/Names.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {
-
-namespace {
-const char* const kNoScreen = "No Screen";
-}
 
 LineContainer::LineContainer() = default;
 

@@ -1,14 +1,11 @@
 #include "fp/menu/MenuStyle.h"
 
+#include "fp/core/Names.h"
 #include "fp/display/Display.h"
 #include "fp/lines/DisplayLine.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {
-
-namespace {
-const char* const kNoScreen = "No Screen";
-}
 
 MenuStyle::MenuStyle()
     : scrollBar(&cursor, nullptr),

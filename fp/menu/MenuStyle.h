@@ -15,72 +15,93 @@ class BaseLine;
 class Display;
 class FpClient;
 
-// The model of one menu: title, lines, a cursor over the live lines, scroll
-// bar, exit screen and edit mode. Draws nothing and ignores keys; concrete
-// styles do both.
-//
-// Owns its lines (through the container) but not its title: whoever set the
-// title deletes it (GetTitle) when it is no longer shown.
+/// The model of one menu: title, lines, a cursor over the live lines, scroll
+/// bar, exit screen and edit mode. Draws nothing and ignores keys; concrete
+/// styles do both.
+/// Threads: the thread that drives the screens; nothing here locks, so calls
+/// must not overlap.
+/// Owns: its lines (through the container). Not the title line made by
+/// SetTitle: the screen that holds the menu deletes it (BaseScreen does, on
+/// destruction and when the title is replaced), so applications must not.
+/// Borrows: the display and the client.
 class MenuStyle {
 public:
+    /// No lines, no title, exit screen kNoScreen.
     MenuStyle();
     MenuStyle(const MenuStyle&) = delete;
     MenuStyle& operator=(const MenuStyle&) = delete;
 
+    /// Draws nothing here; styles draw the menu.
     virtual void DrawScreen() {}
     virtual void DrawScreen(DrawScreen_e /*mode*/) {}
-    // Answers the screen to change to, or "No Screen".
+    /// Answers the screen to change to, or kNoScreen ("No Screen").
     virtual std::string KeyPress(const KeyState_t& event);
     virtual void ClearScreen() {}
 
+    /// The display the menu draws into; the cursor and scroll bar get it too.
     void SetDisplay(Display* d);
     Display* GetDisplay() const { return display; }
+    /// The client that lines added later read and write their values through.
     void SetClient(FpClient* c) { client = c; }
     FpClient* GetClient() const { return client; }
 
-    // A centred title showing text.
+    /// A new centred title line showing text. The old title is not deleted
+    /// here (see Owns above).
     void SetTitle(const std::string& text);
-    // A centred title: caption, then the value of dbName/dbInstance.
+    /// A new centred title line: caption, then the value of dbName/dbInstance.
     void SetTitle(const std::string& caption, const std::string& dbName,
                   const std::string& dbInstance);
+    /// The title line; the menu does not own it.
     BaseLine* GetTitle() const { return title; }
+    /// The screen name that the exit key answers.
     void SetExitScreen(const std::string& screen) { exitScreen = screen; }
     const std::string& GetExitScreen() const { return exitScreen; }
 
-    // Takes ownership of line.
+    /// Appends line with the menu's client and display and loads its value.
+    /// Takes ownership of line.
     void AddLine(BaseLine* line);
+    /// The same with name as the line's caption.
     void AddLine(BaseLine* line, const std::string& name);
+    /// The same, and enter on the line answers childMenu instead of editing.
     void AddLine(BaseLine* line, const std::string& name, const std::string& childMenu);
-    // Deletes every line.
+    /// Remembers the cursor index, then deletes every line.
     void RemoveLines();
 
+    /// Hides or shows the row at a full-list place.
     bool SkipLine(int index);
     bool UseLine(int index);
-    // A line with a companion row takes the line after it along.
+    /// Hides or shows line; one with a companion row takes the row after it
+    /// along. A null line is ignored.
     void SkipLine(BaseLine* line);
     void UseLine(BaseLine* line);
     void SetSkipLine(BaseLine* line, bool skip);
 
+    /// Shown rows.
     int Count() const { return lines.GetNumLiveLines(); }
+    /// All rows, hidden ones included.
     int GetTotalLines() const { return lines.GetNumTotalLines(); }
     int GetCursorIndex() const { return cursor.GetCursorIndex(); }
     int GetLineIndex(BaseLine* line) const { return lines.GetLineIndex(line); }
     int GetLiveLineIndex(BaseLine* line) const { return lines.GetLiveLineIndex(line); }
+    /// True while line is shown.
     bool IsLiveLineActive(BaseLine* line) const { return lines.GetLiveLineIndex(line) >= 0; }
-    // The value of live line i, or "" when there is no such line.
+    /// The value of live line i, or "" when there is no such line.
     std::string GetCurrentValue(int i) const;
+    /// True while a line is being edited.
     bool GetEditEnabled() const { return editing; }
-    // Enters or leaves edit mode exactly as the enter key would.
+    /// Enters or leaves edit mode exactly as the enter key would.
     void SetEditEnabled(bool on);
+    /// The cursor index at the last RemoveLines.
     int GetSavedCursorIndex() const { return savedCursorIndex; }
 
+    /// Cursor operations, passed to the menu's cursor.
     void ResetCursor() { cursor.ResetCursor(); }
     void SetCursorType(CursorType_e type) { cursor.SetCursorType(type); }
     bool MoveCursorUp() { return cursor.MoveCursorUp(); }
     bool MoveCursorDown() { return cursor.MoveCursorDown(); }
     void SetSelectedItem(int i) { cursor.SetSelectedItem(i); }
-    // Selects by the line's place in the full list, which is its live place
-    // only while no row above it is hidden.
+    /// Selects by the line's place in the full list, which is its live place
+    /// only while no row above it is hidden.
     void SetSelectedItem(BaseLine* line);
 
 protected:

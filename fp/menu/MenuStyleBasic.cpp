@@ -1,13 +1,10 @@
 #include "fp/menu/MenuStyleBasic.h"
 
+#include "fp/core/Names.h"
 #include "fp/display/Display.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {
-
-namespace {
-const char* const kNoScreen = "No Screen";
-}
 
 MenuStyleBasic::MenuStyleBasic() {
     cursor.SetCursorType(CURSOR_MENU);

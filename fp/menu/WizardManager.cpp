@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "fp/core/Names.h"
 #include "fp/display/Display.h"
 #include "fp/menu/BaseLine.h"
 #include "fp/menu/MenuStyle.h"
@@ -91,7 +92,7 @@ std::string WizardManager::HandleKeyPress(const KeyState_t& event, Display* disp
             // The last step, or the next one is hidden: apply what we have.
             Apply(display);
         }
-        return "No Screen";
+        return kNoScreen;
     }
     if (event.key == KEY_EXIT) {
         menu->SetEditEnabled(false);
@@ -99,7 +100,7 @@ std::string WizardManager::HandleKeyPress(const KeyState_t& event, Display* disp
         if (display)
             ShowMessage(display, "Back Button Pressed", "Changes Discarded", kBackMs);
         menu->DrawScreen(DRAW_FULL);
-        return "No Screen";
+        return kNoScreen;
     }
     return menu->KeyPress(event);
 }

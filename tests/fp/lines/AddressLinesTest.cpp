@@ -136,12 +136,18 @@ TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
     EXPECT_EQ(display.Draw(ip), " IP:192.168.1.10");
     Press(ip, "=>>>");
     EXPECT_EQ(display.Draw(ip), " IP:192.[1]68.001.010");
+    EXPECT_EQ(display.GetReverseWords().size(), 1u);  // the edited cell goes out once
 
     FP::MacLine mac("00:1a:2b:3c:4d:5e");
     mac.SetDisplay(&display);
     mac.SetVariableName("MAC:");
     EXPECT_EQ(display.Draw(mac), " MAC:00:1A:2B:3C:4D:");
     Press(mac, "=<");
+    EXPECT_EQ(display.Draw(mac), " MAC:00:1A:2B:3C:4D:");  // the cell lies past the row
+    Press(mac, ">");
+    EXPECT_EQ(display.Draw(mac), " MAC:[0]0:1A:2B:3C:4D:");
+    EXPECT_EQ(display.GetReverseWords().size(), 1u);
+    Press(mac, "<");
     mac.SetDisplayInEditMode(true);  // the caption makes way for the address
     EXPECT_EQ(display.Draw(mac), " 00:1A:2B:3C:4D:5[E]");
     EXPECT_EQ(display.Row(0), "");

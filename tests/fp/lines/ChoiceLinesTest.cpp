@@ -192,4 +192,9 @@ TEST(YesNoLine, LeftRightAndLayout) {
     EXPECT_TRUE(Press(line, "<"));
     EXPECT_EQ(line.GetSelectedIndex(), 0);
     EXPECT_EQ(narrow.Draw(line, 0), "Yes");  // the last cell takes no word
+
+    // A reverse word is an overlay, so the last cell still gets the whole "No".
+    line.SetReadOnly(false);
+    Press(line, ">");
+    EXPECT_EQ(narrow.Draw(line, 0), "Yes    [No]");
 }
