@@ -246,22 +246,33 @@ TEST(KeyRecorderTest, WritesAScriptThatParses) {
         EXPECT_NE(HeadlessCommand::Parse(line).kind, HeadlessCommand_t::BAD) << line;
 }
 
-TEST(QuietWatchTest, QuietOnlyWhenConnectedAndIdle) {
+TEST(QuietWatchTest, SettledOnlyWhenConnectedAndAnswered) {
     QuietWatch q;
     q.Observe(0, false, 0, 0);
     EXPECT_FALSE(q.Quiet(1000, 150)) << "no unit yet";
-    q.Observe(1000, true, 1, 3);  // connects and greets
-    for (uint64_t t = 1000; t <= 1400; t += 50)
-        q.Observe(t, true, 1, t);  // frames every 50 ms
+    q.Observe(1000, true, 1, 0);  // connects; its first screen is due
+    EXPECT_FALSE(q.Quiet(1150, 150));
+    for (uint64_t t = 1300; t <= 1400; t += 50)
+        q.Observe(t, true, 1, t);  // draws in frames 50 ms apart
     EXPECT_FALSE(q.Quiet(1549, 150));
     EXPECT_TRUE(q.Quiet(1550, 150));
-    q.Touch(1600);  // a key sent: the answer is still to come
-    EXPECT_FALSE(q.Quiet(1700, 150));
-    q.ExpectUntil(3000);  // a timed release still to go out
-    EXPECT_FALSE(q.Quiet(3100, 150));
-    EXPECT_TRUE(q.Quiet(3150, 150));
-    q.Observe(3200, true, 2, 1400);  // a new unit that happens to match the count
-    EXPECT_FALSE(q.Quiet(3300, 150));
+
+    q.Touch(1600);  // a key sent; the answer is late, and quiet counts from it
+    EXPECT_FALSE(q.Quiet(1900, 150));
+    q.Observe(1900, true, 1, 2000);
+    EXPECT_FALSE(q.Quiet(2049, 150));
+    EXPECT_TRUE(q.Quiet(2050, 150));
+    q.Touch(3000);  // a key with nothing to redraw: settled after the longer wait
+    EXPECT_FALSE(q.Quiet(3599, 150));
+    EXPECT_TRUE(q.Quiet(3600, 150));
+
+    q.ExpectUntil(5000);  // a timed release still to go out
+    EXPECT_FALSE(q.Quiet(5100, 150));
+    EXPECT_TRUE(q.Quiet(5150, 150));
+    q.Observe(5200, true, 2, 2000);  // a new unit whose count happens to match
+    EXPECT_FALSE(q.Quiet(5349, 150));
+    q.Observe(5400, false, 2, 2000);
+    EXPECT_FALSE(q.Quiet(9000, 150)) << "gone";
 }
 
 TEST(ScreenCheckTest, RowsAsWrittenAgainstTheGrid) {

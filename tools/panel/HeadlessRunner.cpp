@@ -105,9 +105,11 @@ HeadlessRunner::Step_e HeadlessRunner::Execute(const HeadlessCommand_t& c, const
             return Sent(server_.KeyDown(c.key), line, nowMs);
         case HeadlessCommand_t::UP:
             return Sent(server_.KeyUp(c.key), line, nowMs);
-        case HeadlessCommand_t::HOLD:
+        case HeadlessCommand_t::HOLD: {
+            const Step_e s = Sent(server_.Hold(c.key, unsigned(c.value)), line, nowMs);
             quiet_.ExpectUntil(nowMs + uint64_t(c.value));
-            return Sent(server_.Hold(c.key, unsigned(c.value)), line, nowMs);
+            return s;
+        }
         case HeadlessCommand_t::TEMP:
             server_.SetTemperature(int16_t(c.value));
             return STEP_ON;
