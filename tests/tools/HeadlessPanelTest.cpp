@@ -1,10 +1,13 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -17,34 +20,89 @@
 namespace {
 
 using Bytes = std::vector<uint8_t>;
+using Clock = std::chrono::steady_clock;
+
+// Reverse "Hi", then a check mark (0x84) and an escaped '~' on the second row,
+// an LED and the brightness.
+const Bytes kDrawing = {0x09, 'R',  1,    0x7E, 0x09, 'T',  'H', 'i',  0x7E, 0x09, 'R', 2,
+                        0x7E, 0x09, 'X',  2,    0x7E, 0x09, 'Y', 1,    0x7E, 0x09, 'T', 0x84,
+                        0x7D, 0x5E, 0x7E, 0x09, 'L',  4,    1,   0x7E, 0x09, 'B',  5,   0x7E};
+const Bytes kSlotQuery = {0x09, 'A', 0x7E};
 
 class HeadlessPanelTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        path_ = "/tmp/fp-panel-test-" + std::to_string(getpid()) + ".sock";
-        ::unlink(path_.c_str());
-        int in[2], out[2];
-        // Close-on-exec, so the panel holds only the ends it reads and writes.
-        ASSERT_EQ(::pipe2(in, O_CLOEXEC), 0);
-        ASSERT_EQ(::pipe2(out, O_CLOEXEC), 0);
-        const std::string listen = "unix:" + path_;
-        pid_ = fptest::Spawn(
-            {FP_PANEL_EXE, "--headless", "--listen", listen, "--size", "8x2", "--slot", "7"}, in[0],
-            out[1], -1);
-        ASSERT_GE(pid_, 0);
-        ::close(in[0]);
-        ::close(out[1]);
-        toPanel_ = in[1];
-        fromPanel_ = out[0];
+        dir_ = "/tmp/fp-panel-test-" + std::to_string(getpid());
+        ::mkdir(dir_.c_str(), 0700);
+        path_ = dir_ + "/panel.sock";
     }
     void TearDown() override {
-        ::close(toPanel_);
-        ::close(fromPanel_);
+        if (toPanel_ >= 0)
+            ::close(toPanel_);
+        for (int fd : {fromPanel_, errPanel_})
+            if (fd >= 0)
+                ::close(fd);
         if (pid_ > 0) {
             ::kill(pid_, SIGTERM);
             ::waitpid(pid_, nullptr, 0);
         }
-        ::unlink(path_.c_str());
+        std::system(("rm -rf " + dir_).c_str());
+    }
+
+    // Starts fp-panel on a 8x2 display; input from a pipe unless args name a script.
+    void Start(std::vector<std::string> args) {
+        int in[2], out[2], err[2];
+        // Close-on-exec, so the panel holds only the ends it reads and writes.
+        ASSERT_EQ(::pipe2(in, O_CLOEXEC), 0);
+        ASSERT_EQ(::pipe2(out, O_CLOEXEC), 0);
+        ASSERT_EQ(::pipe2(err, O_CLOEXEC), 0);
+        std::vector<std::string> words = {FP_PANEL_EXE, "--headless", "--size", "8x2",
+                                          "--slot",     "7",          "--listen", "unix:" + path_};
+        words.insert(words.end(), args.begin(), args.end());
+        pid_ = fptest::Spawn(words, in[0], out[1], err[1]);
+        ASSERT_GE(pid_, 0);
+        ::close(in[0]);
+        ::close(out[1]);
+        ::close(err[1]);
+        toPanel_ = in[1];
+        fromPanel_ = out[0];
+        errPanel_ = err[0];
+    }
+    std::string Script(const std::string& text) {
+        const std::string file = dir_ + "/script";
+        std::ofstream(file) << text;
+        return file;
+    }
+    // Exit status once it ends (both output pipes read to their end), -1 on timeout.
+    int Finish(std::string& out, std::string& err) {
+        if (toPanel_ >= 0)
+            ::close(toPanel_);
+        toPanel_ = -1;
+        const auto deadline = Clock::now() + std::chrono::seconds(20);
+        for (bool outOpen = true, errOpen = true;
+             (outOpen || errOpen) && Clock::now() < deadline;) {
+            pollfd p[2] = {{outOpen ? fromPanel_ : -1, POLLIN, 0},
+                           {errOpen ? errPanel_ : -1, POLLIN, 0}};
+            ::poll(p, 2, 100);
+            char chunk[512];
+            for (int i = 0; i < 2; ++i) {
+                if (!(p[i].revents & (POLLIN | POLLHUP)))
+                    continue;
+                const ssize_t r = ::read(p[i].fd, chunk, sizeof chunk);
+                if (r > 0)
+                    (i == 0 ? out : err).append(chunk, size_t(r));
+                else
+                    (i == 0 ? outOpen : errOpen) = false;
+            }
+        }
+        ::close(fromPanel_);
+        ::close(errPanel_);
+        fromPanel_ = errPanel_ = -1;
+        int status = -1;
+        if (::waitpid(pid_, &status, 0) != pid_)
+            return -1;
+        pid_ = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
     // Connects as the unit; the panel greets every connection with its start-up frame.
@@ -89,21 +147,19 @@ protected:
         return dump;
     }
 
-    std::string path_;
+    std::string dir_, path_;
     pid_t pid_ = -1;
-    int toPanel_ = -1, fromPanel_ = -1;
+    int toPanel_ = -1, fromPanel_ = -1, errPanel_ = -1;
     std::string buffered_;
 };
 
 TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
+    Start({});
     KT::CStreamSocket unit;
     Connect(unit);
-    // Reverse "Hi", then a check mark (0x84) and an escaped '~' on the second row,
-    // an LED and the brightness; the slot query answers once all that is applied.
-    const Bytes frames = {0x09, 'R',  1,    0x7E, 0x09, 'T',  'H',  'i',  0x7E, 0x09,
-                          'R',  2,    0x7E, 0x09, 'X',  2,    0x7E, 0x09, 'Y',  1,
-                          0x7E, 0x09, 'T',  0x84, 0x7D, 0x5E, 0x7E, 0x09, 'L',  4,
-                          1,    0x7E, 0x09, 'B',  5,    0x7E, 0x09, 'A',  0x7E};
+    // The slot query answers once all that is applied.
+    Bytes frames = kDrawing;
+    frames.insert(frames.end(), kSlotQuery.begin(), kSlotQuery.end());
     ASSERT_TRUE(unit.Write(frames.data(), frames.size()));
     EXPECT_EQ(Read(unit, 4), (Bytes{0x09, 'A', 7, 0x7E}));
     EXPECT_EQ(Dump(),
@@ -122,7 +178,6 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
 
     Command("ENTER");
     Command("down z");
-    Command("nonsense");  // refused on stderr, the rest goes on
     Command("up z");
     EXPECT_EQ(Read(unit, 20), (Bytes{0x09, 'K', 6,  1, 0x7E, 0x09, 'K', 6,  2, 0x7E,
                                      0x09, 'K', 46, 1, 0x7E, 0x09, 'K', 46, 2, 0x7E}));
@@ -134,11 +189,88 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
     const std::string dump = Dump();
     EXPECT_EQ(dump.substr(0, 33), "+--------+\n|        |\n|        |\n");
 
-    Command("quit");
-    int status = -1;
-    ASSERT_EQ(::waitpid(pid_, &status, 0), pid_);
-    pid_ = -1;
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    // The end of input ends a run that had commands, with every one of them fine.
+    std::string out, err;
+    EXPECT_EQ(Finish(out, err), 0) << err;
+}
+
+// A script waits for the unit, checks the screen, holds a key for as long as
+// it says, and sees the answer to a key only once the unit has drawn it.
+TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
+    const std::string snap = dir_ + "/panel.txt";
+    Start({"--script",
+           Script("sync\n"
+                  "expect 1 |Hi      |  ##\n"
+                  "expect-screen\n"
+                  "+--------+\n"
+                  "|Hi      |  ##......\n"
+                  "|  \xE2\x9C\x93~\n"
+                  "snapshot " +
+                  snap +
+                  "\n"
+                  "down ENTER\nwait 300\nup ENTER\n"
+                  "sync\n"
+                  "expect 2 Done\n"
+                  "dump\n"),
+           "--sync-ms", "300"});
+    KT::CStreamSocket unit;
+    Connect(unit);
+    ASSERT_TRUE(unit.Write(kDrawing.data(), kDrawing.size()));
+
+    EXPECT_EQ(Read(unit, 5), (Bytes{0x09, 'K', 6, 1, 0x7E}));
+    const auto down = Clock::now();
+    EXPECT_EQ(Read(unit, 5), (Bytes{0x09, 'K', 6, 2, 0x7E}));
+    EXPECT_GE(Clock::now() - down, std::chrono::milliseconds(250));
+    // Answers the key after it went up; the script's sync must wait for this.
+    const Bytes done = {0x09, 'X', 0,   0x7E, 0x09, 'Y', 1,   0x7E,
+                        0x09, 'T', 'D', 'o',  'n',  'e', 0x7E};
+    ASSERT_TRUE(unit.Write(done.data(), done.size()));
+
+    std::string out, err;
+    EXPECT_EQ(Finish(out, err), 0) << err;
+    EXPECT_NE(out.find("|Done    |"), std::string::npos) << out;
+    std::ostringstream saved;
+    saved << std::ifstream(snap).rdbuf();
+    EXPECT_EQ(saved.str(),
+              "+--------+\n"
+              "|Hi      |  ##......\n"
+              "|  \xE2\x9C\x93~    |\n"
+              "+--------+\n"
+              "LEDs: 4 on\n"
+              "status: -  brightness: 5  fan: -\n");
+}
+
+TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {
+    const struct {
+        const char* script;
+        bool unit;
+        const char* message;
+    } cases[] = {
+        {"sync\nbogus\ndump\n", true, "line 2: unknown key or command 'bogus'"},
+        {"sync\nexpect 2 |  \xE2\x9C\x93~|\nexpect 1 Hi there\n", true,
+         "line 3: expect failed: row 1 shows |Hi      |, expected |Hi there|"},
+        {"sync\nexpect-screen\n|Hi\n|  x\n", true, "line 2: expect-screen failed:\nrow 2 shows"},
+        {"sync\nsnapshot p.png\n", true, "no snapshot format for 'p.png' (known: .txt)"},
+        {"ENTER\n", false, "line 1: key not sent, no unit connected: ENTER"},
+        {"sync 50\n", false, "line 1: sync: the unit did not settle within 400 ms"},
+    };
+    for (const auto& c : cases) {
+        Start({"--script", Script(c.script), "--sync-ms", "100", "--sync-timeout-ms", "400"});
+        KT::CStreamSocket unit;
+        if (c.unit) {
+            Connect(unit);
+            ASSERT_TRUE(unit.Write(kDrawing.data(), kDrawing.size()));
+        }
+        std::string out, err;
+        EXPECT_EQ(Finish(out, err), 1) << c.script << err;
+        EXPECT_NE(err.find(c.message), std::string::npos) << err;
+        EXPECT_NE(err.find("fp-panel: the panel shows:\n+--------+\n"), std::string::npos) << err;
+        EXPECT_EQ(out, "") << "nothing runs after a failure";
+    }
+    // "quit" ends a script early, and well.
+    Start({"--script", Script("quit\nbogus\n")});
+    std::string out, err;
+    EXPECT_EQ(Finish(out, err), 0) << err;
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -7,7 +8,10 @@
 #include "tools/panel/HeadlessCommand.h"
 #include "tools/panel/HeldKeyTracker.h"
 #include "tools/panel/KeyMap.h"
+#include "tools/panel/KeyRecorder.h"
 #include "tools/panel/PanelOptions.h"
+#include "tools/panel/QuietWatch.h"
+#include "tools/panel/ScreenCheck.h"
 
 // Last: curses' key macros would clash with the library's key names.
 #include <curses.h>
@@ -41,6 +45,15 @@ TEST(PanelOptionsTest, FullCommandLine) {
     EXPECT_EQ(o.displayType, 3);
     EXPECT_EQ(o.version, "fw 2");
     EXPECT_TRUE(o.headless && o.dumpOnChange);
+    ASSERT_EQ(
+        Parse({"--script", "a b.txt", "--record=r.txt", "--sync-ms", "40", "--sync-timeout-ms=900"},
+              o, error),
+        PanelOptions::PARSE_OK)
+        << error;
+    EXPECT_EQ(o.script, "a b.txt");
+    EXPECT_EQ(o.record, "r.txt");
+    EXPECT_EQ(o.syncMs, 40u);
+    EXPECT_EQ(o.syncTimeoutMs, 900u);
     EXPECT_EQ(Parse({"--help"}, o, error), PanelOptions::PARSE_HELP);
 }
 
@@ -60,6 +73,8 @@ TEST(PanelOptionsTest, RefusesBadInput) {
                                                        {"--listen", "tcp:h:99999"},
                                                        {"--listen", "unix:"},
                                                        {"--size"},
+                                                       {"--sync-ms", "0"},
+                                                       {"--script", ""},
                                                        {"--bogus"},
                                                        {"--headless=1"}};
     for (const auto& args : bad) {
@@ -106,37 +121,193 @@ TEST(KeyMapTest, NamesAndHeadlessCommands) {
     EXPECT_EQ(HeadlessCommand::Parse("a").key, 21);
     EXPECT_EQ(HeadlessCommand::Parse("temp -40").value, -40);
     EXPECT_EQ(HeadlessCommand::Parse("# note").kind, HeadlessCommand_t::NONE);
-    for (const char* bad : {"NONE", "fan 4 10", "fan 1 65536", "hold UP", "hold UP -1",
-                            "temp 40000", "down", "up nokey", "dump now"})
+    c = HeadlessCommand::Parse("expect 2 |  > Net|  ##");
+    EXPECT_EQ(c.kind, HeadlessCommand_t::EXPECT);
+    EXPECT_EQ(c.row, 1u);
+    EXPECT_EQ(c.text, "|  > Net|  ##");
+    EXPECT_EQ(HeadlessCommand::Parse("expect 1   two blanks").text, "  two blanks");
+    EXPECT_EQ(HeadlessCommand::Parse("expect 4").text, "");
+    EXPECT_EQ(HeadlessCommand::Parse("snapshot  out dir/p.txt ").text, "out dir/p.txt");
+    EXPECT_EQ(HeadlessCommand::Parse("sync").value, 0);
+    EXPECT_EQ(HeadlessCommand::Parse("sync 300").value, 300);
+    EXPECT_EQ(HeadlessCommand::Parse("wait 0").kind, HeadlessCommand_t::WAIT);
+    for (const char* bad :
+         {"NONE", "fan 4 10", "fan 1 65536", "hold UP", "hold UP -1", "temp 40000", "down",
+          "up nokey", "dump now", "wait", "wait -5", "sync 0", "expect 0 x", "expect x", "expect",
+          "snapshot", "expect-screen now", "bogus"})
         EXPECT_EQ(HeadlessCommand::Parse(bad).kind, HeadlessCommand_t::BAD) << bad;
 }
 
-TEST(HeldKeyTrackerTest, RepeatsKeepAKeyDownUntilTheyStop) {
-    using E = HeldKeyTracker::Event_t;
-    using Events = std::vector<E>;
-    HeldKeyTracker t(120);
-    // A single tap: down at once, up 120 ms later.
-    EXPECT_EQ(t.OnKey(2, 1000), (Events{{2, true}}));
-    EXPECT_EQ(t.Poll(1119), Events{});
-    EXPECT_EQ(t.Poll(1120), (Events{{2, false}}));
-    EXPECT_EQ(t.Poll(5000), Events{});
+namespace {
 
-    // Terminal repeats every 40 ms hold it; the release comes 120 ms after the last.
-    EXPECT_EQ(t.OnKey(4, 2000), (Events{{4, true}}));
-    for (uint64_t now = 2040; now <= 3000; now += 40) {
-        EXPECT_EQ(t.OnKey(4, now), Events{}) << now;
-        EXPECT_EQ(t.Poll(now + 60), Events{});
+// Plays terminal events (ms, key) through a tracker polled every millisecond
+// until endMs, and lists what the panel was sent: "50:4v" down, "50:4^" up.
+std::string Play(HeldKeyTracker& t, const std::vector<std::pair<uint64_t, int>>& events,
+                 uint64_t endMs) {
+    std::string out;
+    auto note = [&](uint64_t now, const std::vector<HeldKeyTracker::Event_t>& sent) {
+        for (const auto& e : sent)
+            out += (out.empty() ? "" : " ") + std::to_string(now) + ":" + std::to_string(e.key) +
+                   (e.down ? "v" : "^");
+    };
+    size_t next = 0;
+    for (uint64_t now = 0; now <= endMs; ++now) {
+        note(now, t.Poll(now));
+        for (; next < events.size() && events[next].first == now; ++next)
+            note(now, t.OnKey(events[next].second, now));
     }
-    EXPECT_EQ(t.Poll(3120), (Events{{4, false}}));
+    return out;
+}
 
-    // Another key takes over at once: the old one goes up first.
-    t.OnKey(1, 4000);
-    EXPECT_EQ(t.OnKey(3, 4010), (Events{{1, false}, {3, true}}));
-    // A late event after the release time: the release is sent before the new down.
-    EXPECT_EQ(t.OnKey(3, 4200), (Events{{3, false}, {3, true}}));
-    // A clock going backwards releases rather than holding for ever.
+// A held key as a terminal reports it: one event, the delay, then repeats.
+std::vector<std::pair<uint64_t, int>> Repeats(int key, uint64_t delay, uint64_t period,
+                                              uint64_t until) {
+    std::vector<std::pair<uint64_t, int>> events{{0, key}};
+    for (uint64_t at = delay; at <= until; at += period)
+        events.push_back({at, key});
+    return events;
+}
+
+}  // namespace
+
+TEST(HeldKeyTrackerTest, TapsStaySeparateAndHoldsStayDown) {
+    const uint64_t kDown = 4, kUp = 2;
+    struct Case {
+        const char* what;
+        std::vector<std::pair<uint64_t, int>> events;
+        const char* sent;
+    } cases[] = {
+        {"taps 50 ms apart",
+         {{0, kDown}, {50, kDown}, {100, kDown}},
+         "0:4v 50:4^ 50:4v 100:4^ 100:4v 550:4^"},
+        {"taps 130 ms apart",
+         {{0, kDown}, {130, kDown}, {260, kDown}},
+         "0:4v 130:4^ 130:4v 260:4^ 260:4v 710:4^"},
+        // Slow enough to look like a first repeat: sent once no stream follows.
+        {"taps 300 ms apart",
+         {{0, kDown}, {300, kDown}, {600, kDown}},
+         "0:4v 420:4^ 420:4v 720:4^ 720:4v 1170:4^"},
+        {"Linux console hold (250 ms, then every 92 ms)", Repeats(kDown, 250, 92, 2000),
+         "0:4v 2118:4^"},
+        {"hold at 400 ms, 30 ms", Repeats(kDown, 400, 30, 1000), "0:4v 1120:4^"},
+        // Longer than a tap may stay down: a second press when the stream starts.
+        {"desktop hold (500 ms, then every 33 ms)", Repeats(kDown, 500, 33, 1000),
+         "0:4v 450:4^ 500:4v 1115:4^"},
+        {"another key takes over",
+         {{0, kDown}, {100, kUp}, {150, kDown}},
+         "0:4v 100:4^ 100:2v 150:2^ 150:4v 600:4^"},
+        {"a tap long after the last is a fresh press",
+         {{0, kDown}, {2000, kDown}},
+         "0:4v 450:4^ 2000:4v 2450:4^"},
+    };
+    for (const Case& c : cases) {
+        HeldKeyTracker t;
+        EXPECT_EQ(Play(t, c.events, 3000), c.sent) << c.what;
+        EXPECT_FALSE(t.Holding()) << c.what;
+    }
+
+    // --release-ms still sets when a stream has ended.
+    HeldKeyTracker slow(300);
+    EXPECT_EQ(Play(slow, Repeats(kDown, 250, 92, 1000), 2000), "0:4v 1286:4^");
+}
+
+TEST(HeldKeyTrackerTest, ReleasesOnABackwardClockAndOnRequest) {
+    using Events = std::vector<HeldKeyTracker::Event_t>;
+    HeldKeyTracker t;
+    t.OnKey(3, 5000);
     EXPECT_EQ(t.Poll(100), (Events{{3, false}}));
-    t.OnKey(6, 5000);
+    EXPECT_EQ(t.OnKey(6, 200), (Events{{6, true}}));
+    EXPECT_EQ(t.HeldKey(), 6);
     EXPECT_EQ(t.ReleaseAll(), (Events{{6, false}}));
-    EXPECT_FALSE(t.Holding());
+    EXPECT_EQ(t.ReleaseAll(), Events{});
+}
+
+TEST(KeyRecorderTest, WritesAScriptThatParses) {
+    std::ostringstream out;
+    {
+        KeyRecorder r(out);
+        // What the tracker sends for two quick taps, then a 1.5 s hold.
+        r.OnKey({4, true}, 1000);
+        r.OnKey({4, false}, 1050);
+        r.OnKey({4, true}, 1050);
+        r.OnKey({4, false}, 1500);
+        r.OnKey({6, true}, 2000);
+        r.Poll(2600);  // a hold is written once it is clearly one
+        r.OnKey({6, false}, 3500);
+        r.OnCommand("temp 26", 4000);
+        r.OnKey({2, true}, 4100);  // still down when the session ends
+    }
+    EXPECT_EQ(out.str(),
+              "# recorded by fp-panel; replay with fp-panel --script FILE\n"
+              "sync\nDOWN\nwait 50\nDOWN\nwait 950\ndown ENTER\nwait 1500\nup ENTER\n"
+              "wait 500\ntemp 26\nwait 100\ndown UP\nup UP\nsync\ndump\n");
+    std::istringstream lines(out.str());
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_NE(HeadlessCommand::Parse(line).kind, HeadlessCommand_t::BAD) << line;
+}
+
+TEST(QuietWatchTest, SettledOnlyWhenConnectedAndAnswered) {
+    QuietWatch q;
+    q.Observe(0, false, 0, 0);
+    EXPECT_FALSE(q.Quiet(1000, 150)) << "no unit yet";
+    q.Observe(1000, true, 1, 0);  // connects; its first screen is due
+    EXPECT_FALSE(q.Quiet(1150, 150));
+    for (uint64_t t = 1300; t <= 1400; t += 50)
+        q.Observe(t, true, 1, t);  // draws in frames 50 ms apart
+    EXPECT_FALSE(q.Quiet(1549, 150));
+    EXPECT_TRUE(q.Quiet(1550, 150));
+
+    q.Touch(1600);  // a key sent; the answer is late, and quiet counts from it
+    EXPECT_FALSE(q.Quiet(1900, 150));
+    q.Observe(1900, true, 1, 2000);
+    EXPECT_FALSE(q.Quiet(2049, 150));
+    EXPECT_TRUE(q.Quiet(2050, 150));
+    q.Touch(3000);  // a key with nothing to redraw: settled after the longer wait
+    EXPECT_FALSE(q.Quiet(3599, 150));
+    EXPECT_TRUE(q.Quiet(3600, 150));
+
+    q.ExpectUntil(5000);  // a timed release still to go out
+    EXPECT_FALSE(q.Quiet(5100, 150));
+    EXPECT_TRUE(q.Quiet(5150, 150));
+    q.Observe(5200, true, 2, 2000);  // a new unit whose count happens to match
+    EXPECT_FALSE(q.Quiet(5349, 150));
+    q.Observe(5400, false, 2, 2000);
+    EXPECT_FALSE(q.Quiet(9000, 150)) << "gone";
+}
+
+TEST(ScreenCheckTest, RowsAsWrittenAgainstTheGrid) {
+    FPSIM::PanelState_t state;
+    state.grid = FPSIM::PanelGrid(8, 2);
+    const uint8_t hi[] = {' ', 'H', 'i', 0x84};
+    state.grid.Write(0, 0, hi, 2, false);
+    state.grid.Write(2, 0, hi + 2, 2, true);
+    const struct {
+        const char* written;
+        bool ok;
+    } rows[] = {
+        {" Hi\xE2\x9C\x93", true},
+        {" Hi\xE2\x9C\x93   ", true},
+        {"Hi\xE2\x9C\x93", false},
+        {"| Hi\xE2\x9C\x93    |", true},
+        {"| Hi\xE2\x9C\x93|  ..##", true},
+        {"| Hi\xE2\x9C\x93|  ..##....", true},
+        {"| Hi\xE2\x9C\x93|  .##", false},
+        {"| Hi\xE2\x9C\x93|  ....", false},
+        {"| Hi|x", false},
+    };
+    for (const auto& r : rows)
+        EXPECT_EQ(ScreenCheck::CheckRow(state, 0, ScreenCheck::ParseRow(r.written), true).empty(),
+                  r.ok)
+            << r.written;
+    EXPECT_EQ(ScreenCheck::CheckRow(state, 1, ScreenCheck::ParseRow(""), true), "");
+    EXPECT_NE(ScreenCheck::CheckRow(state, 2, ScreenCheck::ParseRow(""), true), "");
+    // A pasted dump matches; rows left out must be blank.
+    EXPECT_EQ(
+        ScreenCheck::CheckScreen(
+            state, {"+--------+", "| Hi\xE2\x9C\x93    |  ..##....", "|        |", "+--------+"},
+            true),
+        "");
+    EXPECT_EQ(ScreenCheck::CheckScreen(state, {"| Hi\xE2\x9C\x93"}, true), "");
+    EXPECT_NE(ScreenCheck::CheckScreen(state, {"|", "| x"}, true), "");
+    EXPECT_NE(ScreenCheck::CheckScreen(state, {"a", "b", "c"}, true), "");
 }

@@ -61,9 +61,25 @@ void CursesScreen::AddLogLine(const std::string& line) {
     logChanged_ = true;
 }
 
-void CursesScreen::Send(const std::vector<HeldKeyTracker::Event_t>& events) {
-    for (const auto& e : events)
+void CursesScreen::Send(const std::vector<HeldKeyTracker::Event_t>& events, uint64_t nowMs) {
+    for (const auto& e : events) {
         e.down ? server_.KeyDown(e.key) : server_.KeyUp(e.key);
+        if (recorder_)
+            recorder_->OnKey(e, nowMs);
+    }
+}
+
+void CursesScreen::RecordReadings(KeyAction_e action, uint64_t nowMs) {
+    if (!recorder_)
+        return;
+    const FPSIM::PanelState_t state = server_.Snapshot();
+    if (action == ACTION_TEMP_UP || action == ACTION_TEMP_DOWN) {
+        recorder_->OnCommand("temp " + std::to_string(state.temperature), nowMs);
+        return;
+    }
+    for (unsigned fan = 0; fan < state.fanSpeed.size(); ++fan)
+        recorder_->OnCommand(
+            "fan " + std::to_string(fan + 1) + " " + std::to_string(state.fanSpeed[fan]), nowMs);
 }
 
 void CursesScreen::Draw() {
@@ -115,7 +131,8 @@ void CursesScreen::Draw() {
 void CursesScreen::Run(volatile std::sig_atomic_t& quit) {
     uint64_t seen = ~uint64_t(0);
     bool dirty = true;
-    while (!quit) {
+    bool done = false;
+    while (!quit && !done) {
         const int ch = getch();
         const uint64_t now = NowMs();
         if (ch == KEY_RESIZE) {
@@ -124,29 +141,34 @@ void CursesScreen::Run(volatile std::sig_atomic_t& quit) {
             const KeyAction_t a = KeyMap::FromCurses(ch);
             switch (a.action) {
                 case ACTION_QUIT:
-                    Send(tracker_.ReleaseAll());
-                    return;
+                    done = true;
+                    break;
                 case ACTION_PANEL_KEY:
-                    Send(tracker_.OnKey(a.panelKey, now));
+                    Send(tracker_.OnKey(a.panelKey, now), now);
                     dirty = true;
                     break;
                 case ACTION_TEMP_UP:
                 case ACTION_TEMP_DOWN:
                     server_.AdjustTemperature(a.action == ACTION_TEMP_UP ? 1 : -1);
+                    RecordReadings(a.action, now);
                     break;
                 case ACTION_FAN_UP:
                 case ACTION_FAN_DOWN:
                     server_.AdjustFanSpeeds(a.action == ACTION_FAN_UP ? 100 : -100);
+                    RecordReadings(a.action, now);
                     break;
                 case ACTION_NONE:
                     break;
             }
         }
-        const std::vector<HeldKeyTracker::Event_t> due = tracker_.Poll(NowMs());
+        const uint64_t later = NowMs();
+        const std::vector<HeldKeyTracker::Event_t> due = tracker_.Poll(later);
         if (!due.empty()) {
-            Send(due);
+            Send(due, later);
             dirty = true;
         }
+        if (recorder_)
+            recorder_->Poll(later);
         {
             std::lock_guard<std::mutex> lock(logMutex_);
             dirty = dirty || logChanged_;
@@ -157,7 +179,10 @@ void CursesScreen::Run(volatile std::sig_atomic_t& quit) {
             Draw();
         }
     }
-    Send(tracker_.ReleaseAll());
+    const uint64_t end = NowMs();
+    Send(tracker_.ReleaseAll(), end);
+    if (recorder_)
+        recorder_->Finish(end);
 }
 
 }  // namespace FPPANEL

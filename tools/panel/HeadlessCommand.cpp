@@ -21,6 +21,19 @@ bool ToLong(const std::string& text, long min, long max, long& out) {
     return true;
 }
 
+// What follows the first n words and the one blank after them, verbatim: a
+// row's leading blanks are part of it.
+std::string Rest(const std::string& line, size_t n) {
+    size_t at = 0;
+    for (size_t i = 0; i < n; ++i) {
+        at = line.find_first_not_of(" \t", at);
+        at = line.find_first_of(" \t", at);
+        if (at == std::string::npos)
+            return "";
+    }
+    return line.substr(at + 1);
+}
+
 HeadlessCommand_t Bad(const std::string& error) {
     HeadlessCommand_t c;
     c.kind = HeadlessCommand_t::BAD;
@@ -41,11 +54,31 @@ HeadlessCommand_t HeadlessCommand::Parse(const std::string& line) {
     const std::string& verb = words[0];
     auto keyAt = [&](size_t i) { return i < words.size() ? KeyMap::FromName(words[i]) : -1; };
 
+    if (verb == "expect" && words.size() >= 2) {
+        long row;
+        if (!ToLong(words[1], 1, 256, row))
+            return Bad("bad row '" + words[1] + "' (counted from 1)");
+        c.kind = HeadlessCommand_t::EXPECT;
+        c.row = unsigned(row - 1);
+        c.text = Rest(line, 2);
+        return c;
+    }
+    if (verb == "snapshot" && words.size() >= 2) {
+        c.kind = HeadlessCommand_t::SNAPSHOT;
+        c.text = Rest(line, 1);
+        c.text.erase(c.text.find_last_not_of(" \t") + 1);
+        c.text.erase(0, c.text.find_first_not_of(" \t"));
+        return c;
+    }
     if (words.size() == 1) {
         if (verb == "dump") {
             c.kind = HeadlessCommand_t::DUMP;
         } else if (verb == "quit") {
             c.kind = HeadlessCommand_t::QUIT;
+        } else if (verb == "sync") {
+            c.kind = HeadlessCommand_t::SYNC;
+        } else if (verb == "expect-screen") {
+            c.kind = HeadlessCommand_t::EXPECT_SCREEN;
         } else if ((c.key = keyAt(0)) > 0) {
             c.kind = HeadlessCommand_t::PRESS;
         } else {
@@ -65,6 +98,12 @@ HeadlessCommand_t HeadlessCommand::Parse(const std::string& line) {
         if (!ToLong(words[2], 0, 600000, c.value))
             return Bad("bad time '" + words[2] + "'");
         c.kind = HeadlessCommand_t::HOLD;
+        return c;
+    }
+    if ((verb == "wait" || verb == "sync") && words.size() == 2) {
+        if (!ToLong(words[1], verb == "sync" ? 1 : 0, 600000, c.value))
+            return Bad("bad time '" + words[1] + "'");
+        c.kind = verb == "wait" ? HeadlessCommand_t::WAIT : HeadlessCommand_t::SYNC;
         return c;
     }
     if (verb == "temp" && words.size() == 2) {

@@ -127,6 +127,18 @@ PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, Pa
             if (!ParseLong(value, 0, 65535, n))
                 return bad("fan speed");
             out.fanSpeed = uint16_t(n);
+        } else if (name == "--script" || name == "--record") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (value.empty())
+                return bad("file");
+            (name == "--script" ? out.script : out.record) = value;
+        } else if (name == "--sync-ms" || name == "--sync-timeout-ms") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseLong(value, 1, 600000, n))
+                return bad("time (1..600000 ms)");
+            (name == "--sync-ms" ? out.syncMs : out.syncTimeoutMs) = unsigned(n);
         } else if (name == "--release-ms") {
             if (!needValue())
                 return PARSE_ERROR;
@@ -155,21 +167,37 @@ std::string PanelOptions::Usage(const std::string& program) {
            "  --panel-version TEXT version text reported (default \"fp-panel 1.0\")\n"
            "  --temperature T      initial simulated temperature (default 25)\n"
            "  --fan-speed S        initial simulated speed of all three fans (default 2000)\n"
-           "  --release-ms MS      a key goes up when the terminal repeats it no more for\n"
-           "                       this long (default 120)\n"
+           "  --release-ms MS      a held key goes up when the terminal repeats it no more\n"
+           "                       for this long (default 120)\n"
+           "  --record FILE        save the terminal session as a script for --script\n"
            "  --headless           no screen; also the default without a terminal\n"
+           "  --script FILE        headless, commands from FILE instead of standard input\n"
+           "  --sync-ms MS         how long the unit must stay quiet for sync (default 150)\n"
+           "  --sync-timeout-ms MS how long sync may wait before failing (default 10000)\n"
            "  --dump-on-change     headless: print the panel whenever it changes\n"
            "  --ascii              headless: symbols as ASCII stand-ins instead of UTF-8\n"
            "  -h, --help           this text\n"
            "\n"
-           "Headless, standard input takes one command per line:\n"
+           "Headless, the input takes one command per line ('#' starts a comment):\n"
            "  dump                 print the panel (also on SIGUSR1); ends with an empty line\n"
            "  KEY                  press and release a key: UP DOWN LEFT RIGHT ENTER EXIT\n"
            "                       BACKSPACE DELETE REFRESH SPACEBAR 0-9 a-z A-Z\n"
            "  down KEY | up KEY    key down or up only\n"
-           "  hold KEY MS          key down, up after MS milliseconds\n"
+           "  hold KEY MS          key down, up after MS milliseconds (does not wait)\n"
            "  temp T | fan N S     set the temperature, or fan N (1-3) to speed S\n"
-           "  quit\n";
+           "  wait MS              do nothing for MS milliseconds\n"
+           "  sync [MS]            wait until the unit is connected and has been quiet for\n"
+           "                       MS (default --sync-ms)\n"
+           "  expect ROW TEXT      row ROW (from 1) shows TEXT, trailing blanks ignored;\n"
+           "                       write |TEXT| to keep leading blanks, and a mask after it\n"
+           "                       ('#' reverse, '.' normal) to check reverse video\n"
+           "  expect-screen        the whole display: the lines that follow, each |ROW|\n"
+           "                       as dump prints it; rows left out must be blank\n"
+           "  snapshot FILE        save the panel to FILE (.txt)\n"
+           "  quit\n"
+           "A script (any input but a terminal) stops at the first bad command, failed\n"
+           "expectation, unsent key or sync timeout: exit status 1, the panel on stderr.\n"
+           "It ends with status 0 at the end of its input.\n";
 }
 
 }  // namespace FPPANEL

@@ -19,7 +19,11 @@ struct PanelOptions_t {
     unsigned releaseMs = 120;  // a key with no terminal repeat for this long goes up
     bool headless = false;
     bool dumpOnChange = false;
-    bool ascii = false;  // symbol glyphs as ASCII stand-ins in text dumps
+    bool ascii = false;              // symbol glyphs as ASCII stand-ins in text dumps
+    std::string script;              // headless commands from this file instead of standard input
+    std::string record;              // the terminal session is written here as a script
+    unsigned syncMs = 150;           // "sync": how long the unit must stay quiet
+    unsigned syncTimeoutMs = 10000;  // "sync": how long it may take at most
 };
 
 // Parses the command line into options.

@@ -85,6 +85,7 @@ bool PanelServer::AcceptRun() {
         sim_ = std::move(sim);
         socket_ = std::move(socket);
         connected_ = true;
+        ++connections_;
     }
     oldSim.reset();
     oldSocket.reset();
@@ -146,6 +147,7 @@ PanelInfo_t PanelServer::Info() const {
     info.version = options_.version;
     std::lock_guard<std::mutex> lock(mutex_);
     info.connected = connected_;
+    info.connections = connections_;
     return info;
 }
 

@@ -73,6 +73,7 @@ private:
     std::unique_ptr<KT::CStreamSocket> socket_;
     std::unique_ptr<FPSIM::PanelSim> sim_;  // declared after its socket: goes first
     bool connected_ = false;
+    uint64_t connections_ = 0;
     int16_t temperature_;
     std::array<uint16_t, 3> fanSpeed_;
 

@@ -27,6 +27,22 @@ std::vector<std::string> PanelText::Display(const FPSIM::PanelState_t& state, bo
     return lines;
 }
 
+std::string PanelText::Leds(const FPSIM::PanelState_t& state) {
+    std::string leds;
+    for (const auto& led : state.leds)
+        leds +=
+            (leds.empty() ? "" : ", ") + std::to_string(led.first) + (led.second ? " on" : " off");
+    return "LEDs: " + (leds.empty() ? std::string("-") : leds);
+}
+
+std::string PanelText::Status(const FPSIM::PanelState_t& state) {
+    return "status: " + OrDash(state.unitStatus) + "  brightness: " + OrDash(state.brightness) +
+           "  fan: " +
+           (state.fanState < 0 ? "-"
+            : state.fanState   ? "on"
+                               : "off");
+}
+
 std::vector<std::string> PanelText::Indicators(const FPSIM::PanelState_t& state,
                                                const PanelInfo_t& info) {
     std::vector<std::string> lines;
@@ -34,17 +50,8 @@ std::vector<std::string> PanelText::Indicators(const FPSIM::PanelState_t& state,
                                                : "link: waiting for the unit on ") +
                     info.address);
 
-    std::string leds;
-    for (const auto& led : state.leds)
-        leds +=
-            (leds.empty() ? "" : ", ") + std::to_string(led.first) + (led.second ? " on" : " off");
-    lines.push_back("LEDs: " + (leds.empty() ? std::string("-") : leds));
-
-    lines.push_back("status: " + OrDash(state.unitStatus) +
-                    "  brightness: " + OrDash(state.brightness) + "  fan: " +
-                    (state.fanState < 0 ? "-"
-                     : state.fanState   ? "on"
-                                        : "off"));
+    lines.push_back(Leds(state));
+    lines.push_back(Status(state));
 
     if (state.subscribed) {
         char every[32];

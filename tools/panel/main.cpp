@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -7,6 +8,7 @@
 
 #include "tools/panel/CursesScreen.h"
 #include "tools/panel/HeadlessRunner.h"
+#include "tools/panel/KeyRecorder.h"
 #include "tools/panel/PanelOptions.h"
 #include "tools/panel/PanelServer.h"
 
@@ -54,13 +56,27 @@ int main(int argc, char** argv) {
     Install(SIGTERM, OnQuitSignal);
     Install(SIGUSR1, OnDumpSignal);
 
-    const bool headless = options.headless || !isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO);
+    const bool headless = options.headless || !options.script.empty() || !isatty(STDIN_FILENO) ||
+                          !isatty(STDOUT_FILENO);
+    int input = STDIN_FILENO;
+    if (!options.script.empty() && (input = ::open(options.script.c_str(), O_RDONLY)) < 0) {
+        std::fprintf(stderr, "fp-panel: cannot read %s\n", options.script.c_str());
+        return 2;
+    }
+    std::unique_ptr<FPPANEL::KeyRecorder> recorder;
+    if (!options.record.empty() &&
+        (headless || !(recorder = FPPANEL::KeyRecorder::Open(options.record, error)))) {
+        std::fprintf(stderr, "fp-panel: --record: %s\n",
+                     headless ? "needs the terminal screen" : error.c_str());
+        return 2;
+    }
     FPPANEL::PanelServer server(options);
     std::unique_ptr<FPPANEL::CursesScreen> screen;
     if (headless) {
         server.SetLogSink(FPPANEL::PanelServer::LogSink(&LogToStderr));
     } else {
         screen.reset(new FPPANEL::CursesScreen(server, options));
+        screen->SetRecorder(recorder.get());
         server.SetLogSink(
             FPPANEL::PanelServer::LogSink(screen.get(), &FPPANEL::CursesScreen::AddLogLine));
     }
@@ -69,13 +85,14 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "fp-panel: %s\n", error.c_str());
         return 1;
     }
+    int rc = 0;
     if (headless) {
-        FPPANEL::HeadlessRunner runner(server, options, STDIN_FILENO, stdout);
-        runner.Run(gQuit, gDump);
+        FPPANEL::HeadlessRunner runner(server, options, input, stdout);
+        rc = runner.Run(gQuit, gDump);
     } else {
         screen->Run(gQuit);
     }
     server.Stop();
     screen.reset();
-    return 0;
+    return rc;
 }

@@ -1,0 +1,54 @@
+#include "tools/panel/PanelSnapshot.h"
+
+#include <fstream>
+
+#include "tools/panel/PanelText.h"
+
+namespace FPPANEL {
+
+namespace {
+
+struct Format_t {
+    const char* extension;
+    std::string (*render)(const FPSIM::PanelState_t& state, bool utf8);
+};
+
+const Format_t kFormats[] = {
+    {".txt", &PanelSnapshot::Text},
+};
+
+bool EndsWith(const std::string& s, const std::string& end) {
+    return s.size() >= end.size() && s.compare(s.size() - end.size(), end.size(), end) == 0;
+}
+
+}  // namespace
+
+std::string PanelSnapshot::Text(const FPSIM::PanelState_t& state, bool utf8) {
+    std::string out;
+    for (const std::string& line : PanelText::Display(state, utf8))
+        out += line + "\n";
+    out += PanelText::Leds(state) + "\n" + PanelText::Status(state) + "\n";
+    return out;
+}
+
+bool PanelSnapshot::Save(const std::string& path, const FPSIM::PanelState_t& state, bool utf8,
+                         std::string& error) {
+    std::string known;
+    for (const Format_t& format : kFormats) {
+        known += std::string(known.empty() ? "" : ", ") + format.extension;
+        if (!EndsWith(path, format.extension))
+            continue;
+        std::ofstream file(path, std::ios::binary | std::ios::trunc);
+        file << format.render(state, utf8);
+        file.close();
+        if (!file) {
+            error = "cannot write " + path;
+            return false;
+        }
+        return true;
+    }
+    error = "no snapshot format for '" + path + "' (known: " + known + ")";
+    return false;
+}
+
+}  // namespace FPPANEL
