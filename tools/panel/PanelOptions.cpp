@@ -92,6 +92,10 @@ PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, Pa
             if (!ValidAddress(value))
                 return bad("address (tcp:HOST:PORT or unix:PATH)");
             out.listen = value;
+        } else if (name == "--web" || name == "--web-token") {
+            if (!needValue())
+                return PARSE_ERROR;
+            (name == "--web" ? out.web : out.webToken) = value;
         } else if (name == "--size") {
             if (!needValue())
                 return PARSE_ERROR;
@@ -157,6 +161,9 @@ std::string PanelOptions::Usage(const std::string& program) {
            "  --fan-speed S        initial simulated speed of all three fans (default 2000)\n"
            "  --release-ms MS      a key goes up when the terminal repeats it no more for\n"
            "                       this long (default 120)\n"
+           "  --web HOST:PORT      also show the panel to browsers at http://HOST:PORT/\n"
+           "  --web-token TEXT     browsers need TEXT to press keys (made up and printed\n"
+           "                       when HOST is not a loopback address)\n"
            "  --headless           no screen; also the default without a terminal\n"
            "  --dump-on-change     headless: print the panel whenever it changes\n"
            "  --ascii              headless: symbols as ASCII stand-ins instead of UTF-8\n"

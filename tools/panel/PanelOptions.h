@@ -19,7 +19,9 @@ struct PanelOptions_t {
     unsigned releaseMs = 120;  // a key with no terminal repeat for this long goes up
     bool headless = false;
     bool dumpOnChange = false;
-    bool ascii = false;  // symbol glyphs as ASCII stand-ins in text dumps
+    bool ascii = false;    // symbol glyphs as ASCII stand-ins in text dumps
+    std::string web;       // HOST:PORT for the browser view; empty: none
+    std::string webToken;  // what a browser needs to press keys; empty: loopback needs none
 };
 
 // Parses the command line into options.
