@@ -113,6 +113,13 @@ void WebFrontEnd::Stop() {
     wake_.notify_all();
     if (pump_.joinable())
         pump_.join();
+    {
+        // Saying goodbye lets each connection's worker return at once instead
+        // of at its next read timeout.
+        std::lock_guard<std::mutex> lock(mutex_);
+        for (auto& entry : clients_)
+            mg_websocket_write(entry.second->conn, MG_WEBSOCKET_OPCODE_CONNECTION_CLOSE, "", 0);
+    }
     // Closes the sockets; each close comes back through OnWsClose.
     mg_stop(context_);
     context_ = nullptr;
