@@ -60,7 +60,7 @@ class Driver:
     def start(self, profile):
         args = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
                 "--disable-background-networking", "--disable-component-update",
-                "--disable-sync", "--no-proxy-server", "--window-size=1100,760",
+                "--disable-sync", "--no-proxy-server", "--window-size=1100,640",
                 "--user-data-dir=" + profile]
         caps = {"capabilities": {"alwaysMatch": {
             "browserName": "chrome",
