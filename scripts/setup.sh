@@ -7,6 +7,7 @@ PACKAGES=(
     cmake ninja-build g++ ccache pkg-config git
     liblog4cpp5-dev libsqlite3-dev sqlite3 libncurses-dev
     libgtest-dev libgmock-dev libbenchmark-dev
+    libcivetweb-dev chromium chromium-driver
     tmux
 )
 

@@ -74,6 +74,9 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
                 error = "bad size '" + v + "' (WIDTHxHEIGHT, at least 16x2)";
                 return PARSE_ERROR;
             }
+        } else if (name == "--web" || name == "--web-token") {
+            if (!value(name == "--web" ? out.web : out.webToken))
+                return PARSE_ERROR;
         } else if (name == "--headless") {
             out.headless = true;
         } else if (name == "--trace") {
@@ -87,6 +90,10 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
             error = "unknown option '" + name + "'";
             return PARSE_ERROR;
         }
+    }
+    if (!out.web.empty() && (!out.panel.empty() || !out.keys.empty())) {
+        error = "--web shows the built-in panel live; it goes with neither --panel nor --keys";
+        return PARSE_ERROR;
     }
     return PARSE_OK;
 }
@@ -113,6 +120,10 @@ std::string DemoOptions::Usage(const std::string& program) {
            state +
            "/fp-demo.log)\n"
            "  --debug            log debug lines too\n"
+           "  --web HOST:PORT    show the panel in a browser at http://HOST:PORT/ instead of\n"
+           "                     the terminal, until Ctrl-C (e.g. --web 127.0.0.1:8080)\n"
+           "  --web-token TEXT   browsers need TEXT to press keys (made up and printed\n"
+           "                     when HOST is not a loopback address)\n"
            "  --headless         no screen: play --keys, print the panel, exit\n"
            "  --keys SCRIPT      keys to play, e.g. \"DOWN DOWN ENTER\"; names as fp-panel's\n"
            "                     (UP DOWN LEFT RIGHT ENTER EXIT BACKSPACE DELETE SPACE 0-9\n"

@@ -16,6 +16,8 @@ struct DemoOptions_t {
     bool ascii = false;
     bool debug = false;
     std::vector<std::string> printVars;
+    std::string web;       // HOST:PORT: serve the panel to browsers instead of the terminal
+    std::string webToken;  // what a browser needs to press keys
     unsigned width = 20;
     unsigned height = 4;
 };

@@ -18,6 +18,7 @@
 #include "examples/demo/KeyScript.h"
 #include "tools/panel/CursesScreen.h"
 #include "tools/panel/PanelText.h"
+#include "tools/web/WebFrontEnd.h"
 
 namespace {
 
@@ -120,6 +121,30 @@ int RunScript(const std::string& script, const FPDEMO::DemoOptions_t& o,
     return 0;
 }
 
+// Serves the built-in panel to browsers until a signal; then shows where the
+// panel was left, so a script can compare it with what the page showed.
+int ServeWeb(const FPWEB::WebOptions_t& options, FPDEMO::EmbeddedPanel& panel,
+             FPDEMO::DemoUnit& unit, bool ascii) {
+    FPWEB::WebFrontEnd web(panel, options);
+    web.SetLogSink([](const std::string& line) {
+        std::printf("fp-demo: %s\n", line.c_str());
+        std::fflush(stdout);
+    });
+    std::string error;
+    if (!web.Start(error)) {
+        std::fprintf(stderr, "fp-demo: %s\n", error.c_str());
+        return 1;
+    }
+    std::printf("fp-demo: open %s in a browser; Ctrl-C quits\n", web.Url().c_str());
+    std::fflush(stdout);
+    while (!gQuit)
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    web.Stop();
+    unit.Sync(5000);
+    PrintPanel(&panel, unit, ascii, "end");
+    return 0;
+}
+
 // Shown when there is no terminal to draw in and no script: a walk through
 // the screens.
 const char kTour[] = "ENTER EXIT DOWN ENTER DOWN EXIT DOWN DOWN DOWN ENTER EXIT DOWN ENTER";
@@ -147,6 +172,12 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "fp-demo: --keys: %s\n", error.c_str());
         return 2;
     }
+    FPWEB::WebOptions_t web;
+    web.title = "fp-demo";
+    if (!o.web.empty() && !FPWEB::WebOptions::FromCommandLine(o.web, o.webToken, web, error)) {
+        std::fprintf(stderr, "fp-demo: %s (see --help)\n", error.c_str());
+        return 2;
+    }
     std::signal(SIGPIPE, SIG_IGN);  // a panel that vanishes shows up as a failed write
     Install(SIGINT);
     Install(SIGTERM);
@@ -172,7 +203,7 @@ int main(int argc, char** argv) {
     }
 
     const bool terminal = isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
-    const bool tour = !o.headless && !terminal;
+    const bool tour = !o.headless && !terminal && o.web.empty();
     std::unique_ptr<FPDEMO::EmbeddedPanel> panel;
     FPDEMO::DemoUnit unit(store, o.width, o.height);
     FPDEMO::DemoUnit::Connector connector;
@@ -197,7 +228,7 @@ int main(int argc, char** argv) {
     FPPANEL::PanelOptions_t view;
     view.width = o.width;
     view.height = o.height;
-    if (!o.headless && !tour && panel) {
+    if (!o.headless && !tour && panel && o.web.empty()) {
         screen.reset(new FPPANEL::CursesScreen(*panel, view, "fp-demo"));
         unit.SetNotice([&screen](const std::string& line) { screen->AddLogLine(line); });
     } else {
@@ -215,7 +246,9 @@ int main(int argc, char** argv) {
         std::printf("fp-demo: waiting for the panel at %s\n", o.panel.c_str());
 
     int rc = 0;
-    if (screen) {
+    if (!o.web.empty()) {
+        rc = ServeWeb(web, *panel, unit, o.ascii);
+    } else if (screen) {
         screen->Run(gQuit);
     } else if (o.headless || tour) {
         rc = RunScript(tour ? std::string(kTour) : o.keys, o, panel.get(), unit, tour);

@@ -92,6 +92,10 @@ PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, Pa
             if (!ValidAddress(value))
                 return bad("address (tcp:HOST:PORT or unix:PATH)");
             out.listen = value;
+        } else if (name == "--web" || name == "--web-token") {
+            if (!needValue())
+                return PARSE_ERROR;
+            (name == "--web" ? out.web : out.webToken) = value;
         } else if (name == "--size") {
             if (!needValue())
                 return PARSE_ERROR;
@@ -170,6 +174,9 @@ std::string PanelOptions::Usage(const std::string& program) {
            "  --release-ms MS      a held key goes up when the terminal repeats it no more\n"
            "                       for this long (default 120)\n"
            "  --record FILE        save the terminal session as a script for --script\n"
+           "  --web HOST:PORT      also show the panel to browsers at http://HOST:PORT/\n"
+           "  --web-token TEXT     browsers need TEXT to press keys (made up and printed\n"
+           "                       when HOST is not a loopback address)\n"
            "  --headless           no screen; also the default without a terminal\n"
            "  --script FILE        headless, commands from FILE instead of standard input\n"
            "  --sync-ms MS         how long the unit must stay quiet for sync (default 150)\n"

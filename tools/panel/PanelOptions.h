@@ -24,6 +24,8 @@ struct PanelOptions_t {
     std::string record;              // the terminal session is written here as a script
     unsigned syncMs = 150;           // "sync": how long the unit must stay quiet
     unsigned syncTimeoutMs = 10000;  // "sync": how long it may take at most
+    std::string web;       // HOST:PORT for the browser view; empty: none
+    std::string webToken;  // what a browser needs to press keys; empty: loopback needs none
 };
 
 // Parses the command line into options.

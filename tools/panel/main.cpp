@@ -11,6 +11,7 @@
 #include "tools/panel/KeyRecorder.h"
 #include "tools/panel/PanelOptions.h"
 #include "tools/panel/PanelServer.h"
+#include "tools/web/WebFrontEnd.h"
 
 namespace {
 
@@ -51,6 +52,12 @@ int main(int argc, char** argv) {
         case FPPANEL::PanelOptions::PARSE_OK:
             break;
     }
+    FPWEB::WebOptions_t webOptions;
+    if (!options.web.empty() &&
+        !FPWEB::WebOptions::FromCommandLine(options.web, options.webToken, webOptions, error)) {
+        std::fprintf(stderr, "fp-panel: %s (see --help)\n", error.c_str());
+        return 2;
+    }
     std::signal(SIGPIPE, SIG_IGN);  // a unit that vanishes shows up as a failed write
     Install(SIGINT, OnQuitSignal);
     Install(SIGTERM, OnQuitSignal);
@@ -86,12 +93,28 @@ int main(int argc, char** argv) {
         return 1;
     }
     int rc = 0;
+    // The browser view draws the same server the terminal does.
+    std::unique_ptr<FPWEB::WebFrontEnd> web;
+    if (!options.web.empty()) {
+        web.reset(new FPWEB::WebFrontEnd(server, webOptions));
+        web->SetLogSink(headless ? FPWEB::WebFrontEnd::LogSink(&LogToStderr)
+                                 : FPWEB::WebFrontEnd::LogSink(screen.get(),
+                                                               &FPPANEL::CursesScreen::AddLogLine));
+        if (!web->Start(error)) {
+            server.Stop();
+            screen.reset();
+            std::fprintf(stderr, "fp-panel: %s\n", error.c_str());
+            return 1;
+        }
+    }
     if (headless) {
         FPPANEL::HeadlessRunner runner(server, options, input, stdout);
         rc = runner.Run(gQuit, gDump);
     } else {
         screen->Run(gQuit);
     }
+    if (web)
+        web->Stop();
     server.Stop();
     screen.reset();
     return rc;
