@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/panel/HeldKeyTracker.h"
+#include "tools/web/internal/KeepAliveKey.h"
 
 namespace FPWEB {
 
@@ -65,7 +65,7 @@ private:
 
     const std::string token_;
     const Limits_t limits_;
-    FPPANEL::HeldKeyTracker tracker_;
+    KeepAliveKey tracker_;
     bool authorized_;
     unsigned badTokens_ = 0;
     double budget_;
