@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <poll.h>
 
 #include <atomic>
 #include <chrono>
@@ -7,54 +6,34 @@
 #include <thread>
 #include <vector>
 
-#include "kt/StreamSocket.h"
 #include "sim/PanelSim.h"
+#include "tests/fp/link/LinkPeer.h"
 
-using Bytes = std::vector<uint8_t>;
 using FPSIM::PanelSim;
+using fptest::Bytes;
 
 namespace {
 
-// The unit's end of a socket pair, talking to a started emulator. Frames are
-// written by hand so the emulator's own encoder is not trusted to check itself.
+// The emulator on one end of a socket pair, the test as the unit on the other.
+// Frames are written by hand so the emulator's own encoder is not trusted to
+// check itself.
 class PanelSimTest : public ::testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(KT::CStreamSocket::CreatePair(unit_, panel_)); }
-
     void Make(FPSIM::PanelConfig_t config = FPSIM::PanelConfig_t()) {
-        sim_.reset(new PanelSim(panel_, config));
+        sim_.reset(new PanelSim(link_.ours, config));
         ASSERT_TRUE(sim_->Start());
         EXPECT_EQ(Read(3), (Bytes{0x09, 'i', 0x7E}));
     }
     // Writes bytes and waits until the emulator has applied them.
     void Send(const Bytes& b) {
-        ASSERT_TRUE(unit_.Write(b.data(), b.size()));
+        link_.Send(b);
         written_ += b.size();
         ASSERT_TRUE(sim_->WaitForInput(written_, 2000));
     }
-    Bytes Read(size_t n, int timeoutMs = 2000) {
-        Bytes out(n);
-        size_t got = 0;
-        while (got < n) {
-            pollfd p{unit_.GetFd(), POLLIN, 0};
-            if (::poll(&p, 1, timeoutMs) != 1)
-                break;
-            KT::CSlice<unsigned char> s(n - got);
-            const int r = unit_.Read(s);
-            if (r <= 0)
-                break;
-            std::copy(s.Data(), s.Data() + r, out.begin() + got);
-            got += size_t(r);
-        }
-        out.resize(got);
-        return out;
-    }
-    bool Quiet(int ms = 50) {
-        pollfd p{unit_.GetFd(), POLLIN, 0};
-        return ::poll(&p, 1, ms) == 0;
-    }
+    Bytes Read(size_t n) { return link_.Take(n, 2000); }
+    bool Quiet() { return link_.Take(1, 50).empty(); }
 
-    KT::CStreamSocket unit_, panel_;
+    fptest::LinkPeer link_;
     std::unique_ptr<PanelSim> sim_;
     uint64_t written_ = 0;
 };
@@ -207,7 +186,7 @@ TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
         stream = Read(5);
     EXPECT_EQ(stream, (Bytes{0x09, 'K', 4, 2, 0x7E}));
 
-    unit_.Close();
+    link_.peer.Close();
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     while (sim_->Snapshot().linkUp && std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));

@@ -39,29 +39,22 @@ CParam Request(std::initializer_list<const char*> entries) {
 }
 
 void DeclareUnit(CDataStore& s) {
-    ASSERT_TRUE(
-        s.Declare(
-             CVarDecl("brightness").Default("5").Check(CValidator::Integer(0, 10)).Persistent())
-            .Success());
-    ASSERT_TRUE(s.Declare(CVarDecl("gain").Default("1.5").Check(CValidator::Real(0, 2))).Success());
-    ASSERT_TRUE(s.Declare(CVarDecl("mode")
-                              .Instances({"0", "1"})
-                              .Default("auto")
-                              .Check(CValidator::OneOf({"auto", "manual"}))
-                              .Persistent())
-                    .Success());
-    ASSERT_TRUE(
-        s.Declare(CVarDecl("host").Default("a").Check(CValidator::Pattern("[a-z]+"))).Success());
-    ASSERT_TRUE(s.Declare(CVarDecl("even").Default("").Check(
-                              CValidator::Custom([](const std::string& v) -> std::string {
-                                  return v.size() % 2 ? "odd length" : "";
-                              })))
-                    .Success());
+    auto declare = [&s](const CVarDecl& d) { ASSERT_TRUE(s.Declare(d).Success()) << d.GetName(); };
+    declare(CVarDecl("brightness").Default("5").Check(CValidator::Integer(0, 10)).Persistent());
+    declare(CVarDecl("gain").Default("1.5").Check(CValidator::Real(0, 2)));
+    declare(CVarDecl("mode")
+                .Instances({"0", "1"})
+                .Default("auto")
+                .Persistent()
+                .Check(CValidator::OneOf({"auto", "manual"})));
+    declare(CVarDecl("host").Default("a").Check(CValidator::Pattern("[a-z]+")));
+    declare(CVarDecl("even").Default("").Check(CValidator::Custom(
+        [](const std::string& v) -> std::string { return v.size() % 2 ? "odd length" : ""; })));
     // port/"12" and port1/"2" both spell "port12".
-    ASSERT_TRUE(s.Declare(CVarDecl("port").Instances({"1", "12"}).Default("p")).Success());
-    ASSERT_TRUE(s.Declare(CVarDecl("port1").Instances({"2"}).Default("q")).Success());
-    ASSERT_TRUE(s.Declare(CVarDecl("net.ip").Default("10.0.0.1")).Success());
-    ASSERT_TRUE(s.Declare(CVarDecl("net.dns.1").Default("8.8.8.8")).Success());
+    declare(CVarDecl("port").Instances({"1", "12"}).Default("p"));
+    declare(CVarDecl("port1").Instances({"2"}).Default("q"));
+    declare(CVarDecl("net.ip").Default("10.0.0.1"));
+    declare(CVarDecl("net.dns.1").Default("8.8.8.8"));
 }
 
 std::string Value(const CDataStore& s, const std::string& name, const std::string& inst = "0") {

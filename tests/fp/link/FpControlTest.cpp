@@ -35,35 +35,11 @@ struct ControlTest : ::testing::Test {
     }
 };
 
-TEST_F(ControlTest, CommandWireBytes) {
-    EXPECT_TRUE(control.ClearDisplay());
-    EXPECT_TRUE(control.SetLed(FpControl::LED_3, false));
-    EXPECT_TRUE(control.SetLed(FpControl::LED_1, true));
-    EXPECT_TRUE(control.SetUnitStatus(FpControl::STATUS_WARNING));
-    EXPECT_TRUE(control.SetBrightness(0x7E));
-    EXPECT_TRUE(control.SetTesselFanState(false));
-    EXPECT_TRUE(control.SetTesselFanState(true));
-    EXPECT_TRUE(control.InvertFont(false));
-    EXPECT_EQ(link.Drain(),
-              (Bytes{0x09, '0',  0x7E, 0x09, 'L',  3,    2,    0x7E, 0x09, 'L',  1,    1,
-                     0x7E, 0x09, 'U',  2,    0x7E, 0x09, 'B',  0x7D, 0x5E, 0x7E, 0x09, 'E',
-                     0,    0x7E, 0x09, 'E',  1,    0x7E, 0x09, 'R',  2,    0x7E}));
-
-    EXPECT_TRUE(control.DisplayText("A\t}~", 3, 9, true));
-    EXPECT_EQ(link.Drain(), (Bytes{0x09, 'R',  1,    0x7E, 0x09, 'X',  3,   0x7E, 0x09,
-                                   'Y',  0x7D, 0x29, 0x7E, 0x09, 'T',  'A', 0x7D, 0x29,
-                                   0x7D, 0x5D, 0x7D, 0x5E, 0x7E, 0x09, 'R', 2,    0x7E}));
-    EXPECT_TRUE(control.DisplayText("", 0, 1, false));
-    EXPECT_EQ(link.Drain(), (Bytes{0x09, 'X', 0, 0x7E, 0x09, 'Y', 1, 0x7E, 0x09, 'T', 0x7E}));
-}
-
-TEST_F(ControlTest, RequestAnswersAreDecoded) {
-    EXPECT_FLOAT_EQ(Ask([&] { return control.GetTesselSlotVoltage(); }, 'D', {0x40, 0x48, 0, 0}),
-                    3.125f);
-    EXPECT_EQ(Ask([&] { return control.GetVersion(); }, 'V', {'1', '.', '2', 0, 'A'}), "1.2");
-    EXPECT_EQ(Ask([&] { return control.GetVersion(); }, 'V', {'3', '4'}), "34");
+// Each command's bytes and the plain answers are replayed from the protocol
+// document; these are the answers at the edges.
+TEST_F(ControlTest, EdgeAnswersAreDecodedAndEmptyOnesLogged) {
+    EXPECT_EQ(Ask([&] { return control.GetVersion(); }, 'V', {'3', '4'}), "34");  // no 00
     EXPECT_EQ(Ask([&] { return control.GetTesselSlotId(); }, 'A', {0x7D, 0x5D}), 0x7D);
-    EXPECT_EQ(Ask([&] { return control.GetDisplayType(); }, 'I', {2}), 2);
     EXPECT_TRUE(log.Entries().empty());
 
     // An answer without payload counts as no answer.
