@@ -1,6 +1,7 @@
 #include "fp/screens/BaseConfigScreen.h"
 
 #include "fp/lines/IpLine.h"
+#include "fp/screens/FpClient.h"
 #include "fp/screens/internal/BoundRows.h"
 
 namespace FP {
@@ -22,6 +23,7 @@ BaseLine* BaseConfigScreen::AddBound(BaseLine* line, const std::string& variable
     line->SetDbInfo(dbName, dbInstance);
     line->SetDbActive(false);
     menu.AddLine(line, variableName);
+    boundRows_.push_back(line);
     BoundRows::AddRequest(variableRequest, dbName, dbInstance);
     return line;
 }
@@ -77,6 +79,22 @@ void BaseConfigScreen::Initialize() {
     DropReplacedTitle(title);
     SetupScreenAccessMode();
     menu.ResetCursor();
+    menu.DrawScreen(DRAW_FULL);
+}
+
+std::string BaseConfigScreen::KeyPress(const KeyState_t& key) {
+    const unsigned long refusedBefore = client ? client->GetRefusalCount() : 0;
+    const std::string next = BaseEventScreen::KeyPress(key);
+    if (client && client->GetRefusalCount() != refusedBefore)
+        ReloadRows();
+    return next;
+}
+
+void BaseConfigScreen::ReloadRows() {
+    // The no-argument load reads whether or not a row refreshes on draws,
+    // which is what a row that just lost its edit needs.
+    for (BaseLine* line : boundRows_)
+        line->SetCurrentValue();
     menu.DrawScreen(DRAW_FULL);
 }
 

@@ -34,6 +34,10 @@ public:
     void Initialize() override;
     /// Stops watching every variable read by the last Initialize.
     void DeInitialize() override;
+    /// Keys go to the menu. When the engine turned down a write the key made,
+    /// every row is read again and the screen redrawn, so the panel shows
+    /// what is stored rather than what was refused.
+    std::string KeyPress(const KeyState_t& key) override;
     /// Watches every (name, instance) that the last read returned.
     virtual void Register();
     /// The concrete screen's hook: make the rows with the factories.
@@ -66,6 +70,9 @@ protected:
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,
                        const std::string& dbInstance);
 
+    // Reloads every bound row from the engine and draws the whole screen.
+    void ReloadRows();
+
     TOV::CParam variableRequest;
     TOV::CParam variableValues;
     // Kept for derived screens; unused here.
@@ -74,6 +81,9 @@ protected:
     TOV::COid objectId;
     std::string firstText;
     std::string secondText;
+
+private:
+    std::vector<BaseLine*> boundRows_;  // owned by the menu
 };
 
 }  // namespace FP
