@@ -14,7 +14,7 @@ namespace FP {
 // key). Items appear sorted by key as plain strings, so numbered keys come
 // as "1", "10", "11", "2", ... Committing writes where the chosen item
 // stands in that order, counted from 1, and not its key: stored values
-// depend on exactly this.
+// depend on exactly this. A variable that holds keys wants a ChoiceLine.
 class ListLine : public BaseLine {
 public:
     explicit ListLine(bool convertTexts);

@@ -68,6 +68,24 @@ BaseLine* BaseConfigScreen::CreateListLine(const std::string& variableName,
                     dbInstance);
 }
 
+ChoiceLine* BaseConfigScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               std::map<std::string, std::string> items,
+                                               const std::string& suffix) {
+    return AddWriting(BoundRows::NewListLine<ChoiceLine>(suffix, std::move(items)), variableName,
+                      dbName, dbInstance);
+}
+
+ChoiceLine* BaseConfigScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               const std::map<int, std::string>& items,
+                                               const std::string& suffix) {
+    return AddWriting(BoundRows::NewListLine<ChoiceLine>(suffix, items), variableName, dbName,
+                      dbInstance);
+}
+
 void BaseConfigScreen::Initialize() {
     if (!initialized)
         CreateLines();

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "fp/lines/ChoiceLine.h"
 #include "fp/lines/StringLine.h"
 #include "fp/screens/BaseEventScreen.h"
 #include "tov/Oid.h"
@@ -53,22 +54,47 @@ public:
     BaseLine* CreateStringLine(const std::string& variableName, const std::string& dbName,
                                const std::string& dbInstance, int numItems,
                                const StringLine::CharacterSet_e& set);
-    /// A choice among texts; the variable holds the chosen item's number.
+    /// A choice among texts; the variable holds the chosen item's position
+    /// in key order, counted from 1 (see ListLine).
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::vector<std::string> items,
                              const std::string& suffix);
-    /// A choice among numbered texts.
+    /// A choice among numbered texts; stores positions, not the numbers
+    /// (see ListLine): use CreateChoiceLine to store the numbers.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::map<int, std::string> items,
                              const std::string& suffix);
-    /// A choice where keys are the stored values and texts what the row shows.
+    /// A choice among texts keyed by strings. Like the other list rows it
+    /// stores the chosen item's position in key order, counted from 1, not
+    /// its key: CreateChoiceLine stores keys.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance,
                              std::map<std::string, std::string> items, const std::string& suffix);
+    /// A choice whose variable holds the chosen item's key (items: key to
+    /// text). Unlike the list rows it reads on every draw and writes each
+    /// commit without further set-up.
+    ChoiceLine* CreateChoiceLine(const std::string& variableName, const std::string& dbName,
+                                 const std::string& dbInstance,
+                                 std::map<std::string, std::string> items,
+                                 const std::string& suffix);
+    /// The same with whole-number keys, stored in decimal.
+    ChoiceLine* CreateChoiceLine(const std::string& variableName, const std::string& dbName,
+                                 const std::string& dbInstance,
+                                 const std::map<int, std::string>& items,
+                                 const std::string& suffix);
 
 protected:
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,
                        const std::string& dbInstance);
+    // AddBound, then the binding on: the row reads on draws and writes commits.
+    template <class Line>
+    Line* AddWriting(Line* line, const std::string& variableName, const std::string& dbName,
+                     const std::string& dbInstance) {
+        AddBound(line, variableName, dbName, dbInstance);
+        line->SetDbActive(true);
+        line->SetSendDbData(true);
+        return line;
+    }
 
     // Reloads every bound row from the engine and draws the whole screen.
     void ReloadRows();

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "fp/lines/ChoiceLine.h"
 #include "fp/lines/DisplayLine.h"
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
@@ -61,6 +62,26 @@ BaseLine* BaseStatusScreen::CreateListLine(const std::string& variableName,
                                            const std::string& suffix) {
     return AddBound(BoundRows::NewListLine(suffix, std::move(items), false), variableName, dbName,
                     dbInstance);
+}
+
+ChoiceLine* BaseStatusScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               std::map<std::string, std::string> items,
+                                               const std::string& suffix) {
+    auto* line = BoundRows::NewListLine<ChoiceLine>(suffix, std::move(items));
+    AddBound(line, variableName, dbName, dbInstance);
+    return line;
+}
+
+ChoiceLine* BaseStatusScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               const std::map<int, std::string>& items,
+                                               const std::string& suffix) {
+    auto* line = BoundRows::NewListLine<ChoiceLine>(suffix, items);
+    AddBound(line, variableName, dbName, dbInstance);
+    return line;
 }
 
 BaseLine* BaseStatusScreen::CreateNumberLine(const std::string& variableName,

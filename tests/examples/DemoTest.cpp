@@ -116,6 +116,19 @@ TEST_F(DemoTest, EditedAddressReachesTheEngineAndSurvivesARestart) {
     EXPECT_EQ(Demo({"--keys", "WAIT soon"}, out), 2);
 }
 
+TEST_F(DemoTest, DhcpChoiceStoresItsKeyAndComesBackAfterARestart) {
+    const std::string db = dir + "/settings.db";
+    std::string out;
+    ASSERT_EQ(
+        Demo({"--db", db, "--keys", "DOWN ENTER ENTER UP ENTER", "--print-var", "net.dhcp"}, out),
+        0)
+        << out;
+    EXPECT_NE(out.find(">DHCP:On "), std::string::npos) << out;
+    EXPECT_NE(out.find("net.dhcp=1\n"), std::string::npos) << out;
+    ASSERT_EQ(Demo({"--db", db, "--keys", "DOWN ENTER"}, out), 0) << out;
+    EXPECT_NE(out.find(">DHCP:On "), std::string::npos) << out;
+}
+
 TEST_F(DemoTest, WizardRefusesAGatewayOutsideTheSubnet) {
     // Wizard, walk host, address and netmask, type gateway 010.000.000.001, apply.
     std::string out;

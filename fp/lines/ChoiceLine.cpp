@@ -1,0 +1,74 @@
+#include "fp/lines/ChoiceLine.h"
+
+#include <log4cpp/Category.hh>
+
+#include <algorithm>
+#include <utility>
+
+#include "kt/Str.h"
+
+namespace FP {
+
+namespace {
+
+std::map<std::string, std::string> DecimalKeys(const std::map<int, std::string>& items) {
+    std::map<std::string, std::string> keys;
+    for (const auto& item : items)
+        keys[KT::Str::Format("%d", item.first)] = item.second;
+    return keys;
+}
+
+}  // namespace
+
+// Texts are taken as given: keys, not texts, are what must match the engine.
+ChoiceLine::ChoiceLine(std::map<std::string, std::string> items)
+    : ListLine(std::move(items), false) {}
+
+ChoiceLine::ChoiceLine(const std::map<int, std::string>& items) : ChoiceLine(DecimalKeys(items)) {}
+
+bool ChoiceLine::KeyPress(const KeyState_t& key) {
+    const bool commit = editing && key.key == KEY_ENTER;
+    // The list would write the position; hold its binding off for this key
+    // and write the key ourselves.
+    const bool active = dbActive;
+    if (commit)
+        dbActive = false;
+    const bool result = ListLine::KeyPress(key);
+    dbActive = active;
+    if (commit && !GetItemKeys().empty()) {
+        unknown_ = false;
+        if (!readOnly && dbActive)
+            SendDbData(GetCurrentKey());
+    }
+    return result;
+}
+
+bool ChoiceLine::SetCurrentValue(const std::string& key) {
+    const auto& keys = GetItemKeys();
+    const auto at = std::find(keys.begin(), keys.end(), key);
+    if (at != keys.end() && SetCurrentValue(static_cast<int>(at - keys.begin()))) {
+        unknown_ = false;
+        lastUnknown_.clear();
+        return true;
+    }
+    unknown_ = true;
+    if (key != lastUnknown_) {
+        lastUnknown_ = key;
+        log4cpp::Category::getInstance("fp.lines")
+            .warn("%s() %s/%s holds \"%s\", which is none of the row's keys", __func__,
+                  dbName.c_str(), dbInstance.c_str(), key.c_str());
+    }
+    return false;
+}
+
+std::string ChoiceLine::GetCurrentString() const {
+    return unknown_ && !editing ? std::string(kUnknown) : ListLine::GetCurrentString();
+}
+
+std::string ChoiceLine::GetCurrentKey() const {
+    const int index = GetCurrentNumber();
+    const auto& keys = GetItemKeys();
+    return index >= 0 && static_cast<size_t>(index) < keys.size() ? keys[index] : std::string();
+}
+
+}  // namespace FP

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "fp/lines/ChoiceLine.h"
+#include "fp/screens/BaseConfigScreen.h"
+#include "fp/screens/BaseStatusScreen.h"
+#include "fp/screens/FpClient.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/ScreenText.h"
+#include "tov/DataStore.h"
+#include "tov/TovClient.h"
+
+namespace {
+
+using fptest::ScreenText;
+
+// A configuration screen whose rows come from the test.
+class Config : public FP::BaseConfigScreen {
+public:
+    explicit Config(std::function<void(Config&)> make)
+        : BaseConfigScreen(2000, true), make_(std::move(make)) {}
+    void CreateLines() override { make_(*this); }
+    using BaseConfigScreen::AddBound;
+
+private:
+    std::function<void(Config&)> make_;
+};
+
+class Status : public FP::BaseStatusScreen {
+public:
+    explicit Status(std::function<void(Status&)> make) : make_(std::move(make)) {
+        SetSelectScreen(FP::kNoScreen);
+    }
+    void CreateLines() override { make_(*this); }
+
+private:
+    std::function<void(Status&)> make_;
+};
+
+// The unit as a restart sees it: a store (on the test's file when asked), a
+// client and a 20x4 panel. Rebuilt by Restart, the file stays.
+struct Unit {
+    explicit Unit(const std::string& file) {
+        if (!file.empty()) {
+            EXPECT_TRUE(store.Open(file).Success());
+        }
+        using TOV::CValidator;
+        using TOV::CVarDecl;
+        store.Declare(
+            CVarDecl("net.dhcp").Default("0").Check(CValidator::Integer(0, 1)).Persistent());
+        store.Declare(CVarDecl("fan.mode")
+                          .Default("eco")
+                          .Check(CValidator::OneOf({"eco", "perf"}))
+                          .Persistent());
+        store.Declare(CVarDecl("sys.volt").Default("125"));
+        fp.Attach();
+    }
+    ~Unit() { fp.Detach(); }
+    template <class S>
+    void Show(S& screen) {
+        screen.SetClient(&fp);
+        screen.SetDisplay(&display);
+        screen.Initialize();
+    }
+    void Keys(FP::BaseScreen& screen, std::initializer_list<FP::Key_e> keys) {
+        for (FP::Key_e k : keys)
+            screen.KeyPress(FP::KeyState_t{k, FP::KEY_STATE_DOWN});
+    }
+    std::string Var(const std::string& name) {
+        return store.Read(name, TOV::COid("0")).Val().GetValue();
+    }
+    TOV::CDataStore store;
+    TOV::CTovClient client{store};
+    FP::FpClient fp{&client};
+    fptest::TextDisplay display{20, 4};
+};
+
+// Every case runs in memory and on a SQLite file that outlives a restart.
+class BindingRowsTest : public ::testing::TestWithParam<bool> {
+protected:
+    void SetUp() override {
+        char tmpl[] = "/tmp/fpbindXXXXXX";
+        dir = mkdtemp(tmpl);
+        Restart();
+    }
+    void TearDown() override {
+        unit.reset();
+        std::system(("rm -rf '" + dir + "'").c_str());
+    }
+    void Restart() {
+        unit.reset();
+        unit.reset(new Unit(GetParam() ? dir + "/unit.db" : ""));
+    }
+    std::string dir;
+    std::unique_ptr<Unit> unit;
+};
+
+const std::map<int, std::string> kOffOn{{0, "Off"}, {1, "On"}};
+const std::map<std::string, std::string> kModes{{"eco", "Eco"}, {"perf", "Perf"}};
+
+void ChoiceRows(Config& s) {
+    s.CreateChoiceLine("DHCP:", "net.dhcp", "0", kOffOn, "");
+    s.CreateChoiceLine("Fan:", "fan.mode", "0", kModes, "");
+}
+
+TEST_P(BindingRowsTest, ChoiceRowsStoreKeysAndShowThemAfterARestart) {
+    {
+        Config screen(ChoiceRows);
+        unit->Show(screen);
+        EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:Off\n Fan:Eco\n");
+        unit->Keys(screen, {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER, FP::KEY_DOWN, FP::KEY_ENTER,
+                            FP::KEY_UP, FP::KEY_ENTER});
+        EXPECT_EQ(unit->Var("net.dhcp"), "1");
+        EXPECT_EQ(unit->Var("fan.mode"), "perf");
+    }
+    Restart();
+    Config screen(ChoiceRows);
+    unit->Show(screen);
+    if (GetParam())
+        EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:On\n Fan:Perf\n");
+    else
+        EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:Off\n Fan:Eco\n");
+}
+
+TEST_P(BindingRowsTest, AValueThatIsNoKeyShowsAPlaceholderLoggedOnce) {
+    fptest::LogCapture log("fp.lines");
+    unit->store.Declare(TOV::CVarDecl("fan.speed").Default("fast"));
+    Status screen([](Status& s) {
+        s.CreateChoiceLine("Fan:", "fan.speed", "0",
+                           std::map<std::string, std::string>{{"slow", "Slow"}}, "");
+    });
+    unit->Show(screen);
+    screen.DrawScreen();
+    screen.DrawScreen();
+    EXPECT_EQ(ScreenText(unit->display), "\n Fan:?\n\n");
+    EXPECT_EQ(log.Count("SetCurrentValue() fan.speed/0 holds \"fast\"", true), 1u);
+    unit->store.Write("other", "fan.speed", TOV::COid("0"), "slow");
+    screen.DrawScreen();
+    EXPECT_EQ(ScreenText(unit->display), "\n Fan:Slow\n\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(MemoryAndFile, BindingRowsTest, ::testing::Bool());
+
+}  // namespace
