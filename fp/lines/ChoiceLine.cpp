@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "fp/lines/internal/HeldWrite.h"
 #include "kt/Str.h"
 
 namespace FP {
@@ -28,13 +29,7 @@ ChoiceLine::ChoiceLine(const std::map<int, std::string>& items) : ChoiceLine(Dec
 
 bool ChoiceLine::KeyPress(const KeyState_t& key) {
     const bool commit = editing && key.key == KEY_ENTER;
-    // The list would write the position; hold its binding off for this key
-    // and write the key ourselves.
-    const bool active = dbActive;
-    if (commit)
-        dbActive = false;
-    const bool result = ListLine::KeyPress(key);
-    dbActive = active;
+    const bool result = HeldWrite::Run(dbActive, commit, [&] { return ListLine::KeyPress(key); });
     if (commit && !GetItemKeys().empty()) {
         unknown_ = false;
         if (!readOnly && dbActive)

@@ -86,6 +86,15 @@ ChoiceLine* BaseConfigScreen::CreateChoiceLine(const std::string& variableName,
                       dbInstance);
 }
 
+EngineNumberLine* BaseConfigScreen::CreateNumberLine(
+    const std::string& variableName, const std::string& dbName, const std::string& dbInstance,
+    double min, double max, int decimals, const std::string& suffix,
+    EngineNumberLine::Storage_e storage, double scale) {
+    auto* line = new EngineNumberLine(min, max, decimals, storage, scale);
+    line->SetSuffix(suffix);
+    return AddWriting(line, variableName, dbName, dbInstance);
+}
+
 void BaseConfigScreen::Initialize() {
     if (!initialized)
         CreateLines();

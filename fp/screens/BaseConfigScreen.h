@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "fp/lines/ChoiceLine.h"
+#include "fp/lines/EngineNumberLine.h"
 #include "fp/lines/StringLine.h"
 #include "fp/screens/BaseEventScreen.h"
 #include "tov/Oid.h"
@@ -82,6 +83,15 @@ public:
                                  const std::string& dbInstance,
                                  const std::map<int, std::string>& items,
                                  const std::string& suffix);
+    /// An editable number between min and max with decimals places, then
+    /// suffix. storage says how the variable holds it: the shown decimal text,
+    /// or whole steps of scale (scale is not used with STORE_TEXT). Like a
+    /// choice row it reads on every draw and writes each commit. A scale that
+    /// gives no steps is logged now and the row shows "?".
+    EngineNumberLine* CreateNumberLine(const std::string& variableName, const std::string& dbName,
+                                       const std::string& dbInstance, double min, double max,
+                                       int decimals, const std::string& suffix,
+                                       EngineNumberLine::Storage_e storage, double scale = 1.0);
 
 protected:
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,

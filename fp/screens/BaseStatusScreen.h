@@ -11,6 +11,7 @@ namespace FP {
 
 class BaseLine;
 class ChoiceLine;
+class EngineNumberLine;
 
 /// A read-only screen of engine variables. The concrete screen makes its rows
 /// in CreateLines with the factories below, top row first; each time the
@@ -73,6 +74,14 @@ public:
     BaseLine* CreateNumberLine(const std::string& variableName, const std::string& dbName,
                                const std::string& dbInstance, const std::string& suffix,
                                const bool& isSigned, const int& decimals, const double& scale);
+    /// A number row that shows the stored whole count of scale steps as the
+    /// scaled value, rounded half away from zero to decimals places, then
+    /// suffix (CreateNumberLine's rows show the stored text unscaled).
+    EngineNumberLine* CreateScaledNumberLine(const std::string& variableName,
+                                             const std::string& dbName,
+                                             const std::string& dbInstance,
+                                             const std::string& suffix, bool isSigned, int decimals,
+                                             double scale);
     /// An IPv4 address row.
     BaseLine* CreateIpLine(const std::string& variableName, const std::string& dbName,
                            const std::string& dbInstance);

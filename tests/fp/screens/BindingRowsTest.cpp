@@ -8,6 +8,7 @@
 #include <string>
 
 #include "fp/lines/ChoiceLine.h"
+#include "fp/lines/EngineNumberLine.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
 #include "fp/screens/FpClient.h"
@@ -59,6 +60,10 @@ struct Unit {
                           .Check(CValidator::OneOf({"eco", "perf"}))
                           .Persistent());
         store.Declare(CVarDecl("sys.volt").Default("125"));
+        store.Declare(
+            CVarDecl("app.limit").Default("2.5").Check(CValidator::Real(0, 50)).Persistent());
+        store.Declare(
+            CVarDecl("app.steps").Default("25").Check(CValidator::Integer(0, 500)).Persistent());
         fp.Attach();
     }
     ~Unit() { fp.Detach(); }
@@ -143,6 +148,67 @@ TEST_P(BindingRowsTest, AValueThatIsNoKeyShowsAPlaceholderLoggedOnce) {
     unit->store.Write("other", "fan.speed", TOV::COid("0"), "slow");
     screen.DrawScreen();
     EXPECT_EQ(ScreenText(unit->display), "\n Fan:Slow\n\n");
+}
+
+void NumberRows(Config& s) {
+    s.CreateNumberLine("Lim:", "app.limit", "0", 0, 99.9, 1, "A", FP::EngineNumberLine::STORE_TEXT);
+    s.CreateNumberLine("Stp:", "app.steps", "0", 0, 99.9, 1, "V", FP::EngineNumberLine::STORE_STEPS,
+                       0.1);
+}
+
+// Tens up, ones up, tenths up, commit: 2.5 becomes 13.6 on both rows; a
+// second commit past what the engine allows is refused and the row goes
+// back to what is stored.
+TEST_P(BindingRowsTest, NumberRowsWriteWhatTheyShowAndShowItAfterARestart) {
+    const std::initializer_list<FP::Key_e> edit{FP::KEY_ENTER, FP::KEY_UP,    FP::KEY_RIGHT,
+                                                FP::KEY_UP,    FP::KEY_RIGHT, FP::KEY_UP,
+                                                FP::KEY_ENTER};
+    {
+        Config screen(NumberRows);
+        unit->Show(screen);
+        EXPECT_EQ(ScreenText(unit->display), "\n>Lim:02.5A\n Stp:02.5V\n");
+        unit->Keys(screen, edit);
+        unit->Keys(screen, {FP::KEY_DOWN});
+        unit->Keys(screen, edit);
+        EXPECT_EQ(unit->Var("app.limit"), "13.6");
+        EXPECT_EQ(unit->Var("app.steps"), "136");
+        fptest::LogCapture log("fp.client");
+        unit->Keys(screen, {FP::KEY_UP, FP::KEY_ENTER, FP::KEY_LEFT, FP::KEY_LEFT, FP::KEY_UP,
+                            FP::KEY_UP, FP::KEY_UP, FP::KEY_UP, FP::KEY_ENTER});
+        EXPECT_EQ(log.Count("SendDataWait() app.limit/0 refused \"53.6\"", true), 1u);
+        EXPECT_EQ(ScreenText(unit->display), "\n>Lim:13.6A\n Stp:13.6V\n");
+    }
+    Restart();
+    Config screen(NumberRows);
+    unit->Show(screen);
+    EXPECT_EQ(ScreenText(unit->display),
+              GetParam() ? "\n>Lim:13.6A\n Stp:13.6V\n" : "\n>Lim:02.5A\n Stp:02.5V\n");
+}
+
+// A scale with no steps is said once, when the row is made; a stored text
+// that is no number shows as a placeholder. Scaled status numbers round.
+TEST_P(BindingRowsTest, NumberRowsShowPlaceholdersAndScaledValues) {
+    fptest::LogCapture log("fp.lines");
+    unit->store.Declare(TOV::CVarDecl("app.free").Default("abc"));
+    Config config([](Config& s) {
+        s.CreateNumberLine("Z:", "app.steps", "0", 0, 99, 0, "", FP::EngineNumberLine::STORE_STEPS,
+                           0);
+        s.CreateNumberLine("L:", "app.free", "0", 0, 99, 0, "", FP::EngineNumberLine::STORE_TEXT);
+    });
+    unit->Show(config);
+    config.DrawScreen();
+    EXPECT_EQ(ScreenText(unit->display), "\n>Z:?\n L:?\n");
+    EXPECT_EQ(log.Count("CheckScale() No steps of scale 0", true), 1u);
+    EXPECT_EQ(log.Count("SetCurrentValue() app.free/0 holds \"abc\", which is not a number"), 1u);
+    unit->Keys(config, {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER});
+    EXPECT_EQ(unit->Var("app.steps"), "25");
+
+    Status status([](Status& s) {
+        s.CreateScaledNumberLine("V:", "sys.volt", "0", "", false, 0, 0.1);
+        s.CreateScaledNumberLine("W:", "sys.volt", "0", "", false, 2, 0.1);
+    });
+    unit->Show(status);
+    EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(MemoryAndFile, BindingRowsTest, ::testing::Bool());
