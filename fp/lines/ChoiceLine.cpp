@@ -1,7 +1,5 @@
 #include "fp/lines/ChoiceLine.h"
 
-#include <log4cpp/Category.hh>
-
 #include <algorithm>
 #include <utility>
 
@@ -31,7 +29,7 @@ bool ChoiceLine::KeyPress(const KeyState_t& key) {
     const bool commit = editing && key.key == KEY_ENTER;
     const bool result = HeldWrite::Run(dbActive, commit, [&] { return ListLine::KeyPress(key); });
     if (commit && !GetItemKeys().empty()) {
-        unknown_ = false;
+        unshown_.Clear();
         if (!readOnly && dbActive)
             SendDbData(GetCurrentKey());
     }
@@ -42,22 +40,15 @@ bool ChoiceLine::SetCurrentValue(const std::string& key) {
     const auto& keys = GetItemKeys();
     const auto at = std::find(keys.begin(), keys.end(), key);
     if (at != keys.end() && SetCurrentValue(static_cast<int>(at - keys.begin()))) {
-        unknown_ = false;
-        lastUnknown_.clear();
+        unshown_.Clear();
         return true;
     }
-    unknown_ = true;
-    if (key != lastUnknown_) {
-        lastUnknown_ = key;
-        log4cpp::Category::getInstance("fp.lines")
-            .warn("%s() %s/%s holds \"%s\", which is none of the row's keys", __func__,
-                  dbName.c_str(), dbInstance.c_str(), key.c_str());
-    }
+    unshown_.Report(__func__, dbName, dbInstance, key, "which is none of the row's keys");
     return false;
 }
 
 std::string ChoiceLine::GetCurrentString() const {
-    return unknown_ && !editing ? std::string(kUnknown) : ListLine::GetCurrentString();
+    return unshown_.Active() && !editing ? std::string(kUnknown) : ListLine::GetCurrentString();
 }
 
 std::string ChoiceLine::GetCurrentKey() const {

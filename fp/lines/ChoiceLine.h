@@ -4,6 +4,7 @@
 #include <string>
 
 #include "fp/lines/ListLine.h"
+#include "fp/lines/internal/UnshownValue.h"
 
 namespace FP {
 
@@ -36,9 +37,7 @@ public:
     std::string GetCurrentKey() const;
 
 private:
-    bool unknown_ = false;
-    // The last value logged as unknown, so a poll loop logs it once.
-    std::string lastUnknown_;
+    UnshownValue unshown_;
 };
 
 }  // namespace FP

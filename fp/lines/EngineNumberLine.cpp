@@ -75,7 +75,7 @@ bool EngineNumberLine::KeyPress(const KeyState_t& key) {
     const bool commit = editing && key.key == KEY_ENTER;
     const bool result = HeldWrite::Run(dbActive, commit, [&] { return NumberLine::KeyPress(key); });
     if (commit && usable_) {
-        unknown_ = false;
+        unshown_.Clear();
         double value = 0;
         if (!readOnly && dbActive && ParseNumber(GetCommittedString(), value))
             BaseLine::SendDbData(StoredText(value));
@@ -86,21 +86,15 @@ bool EngineNumberLine::KeyPress(const KeyState_t& key) {
 bool EngineNumberLine::SetCurrentValue(const std::string& value) {
     double v = 0;
     if (ParseNumber(value, v)) {
-        unknown_ = false;
-        lastUnknown_.clear();
+        unshown_.Clear();
         return SetCurrentValue(v);
     }
-    unknown_ = true;
-    if (value != lastUnknown_) {
-        lastUnknown_ = value;
-        Log().warn("%s() %s/%s holds \"%s\", which is not a number", __func__, dbName.c_str(),
-                   dbInstance.c_str(), value.c_str());
-    }
+    unshown_.Report(__func__, dbName, dbInstance, value, "which is not a number");
     return false;
 }
 
 std::string EngineNumberLine::GetCurrentString() const {
-    if (!usable_ || (unknown_ && !editing))
+    if (!usable_ || (unshown_.Active() && !editing))
         return kUnknown;
     return NumberLine::GetCurrentString();
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "fp/lines/NumberLine.h"
+#include "fp/lines/internal/UnshownValue.h"
 
 namespace FP {
 
@@ -52,8 +53,7 @@ private:
     double stepScale_;
     int places_;
     bool usable_ = true;
-    bool unknown_ = false;
-    std::string lastUnknown_;  // logged once, however often it is read
+    UnshownValue unshown_;
 };
 
 }  // namespace FP

@@ -95,6 +95,18 @@ EngineNumberLine* BaseConfigScreen::CreateNumberLine(
     return AddWriting(line, variableName, dbName, dbInstance);
 }
 
+EngineDateLine* BaseConfigScreen::CreateDateLine(const std::string& variableName,
+                                                 const std::string& dbName,
+                                                 const std::string& dbInstance) {
+    return AddWriting(new EngineDateLine(), variableName, dbName, dbInstance);
+}
+
+EngineTimeLine* BaseConfigScreen::CreateTimeLine(const std::string& variableName,
+                                                 const std::string& dbName,
+                                                 const std::string& dbInstance) {
+    return AddWriting(new EngineTimeLine(), variableName, dbName, dbInstance);
+}
+
 void BaseConfigScreen::Initialize() {
     if (!initialized)
         CreateLines();

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "fp/lines/ChoiceLine.h"
+#include "fp/lines/EngineDateLine.h"
 #include "fp/lines/EngineNumberLine.h"
+#include "fp/lines/EngineTimeLine.h"
 #include "fp/lines/StringLine.h"
 #include "fp/screens/BaseEventScreen.h"
 #include "tov/Oid.h"
@@ -92,6 +94,14 @@ public:
                                        const std::string& dbInstance, double min, double max,
                                        int decimals, const std::string& suffix,
                                        EngineNumberLine::Storage_e storage, double scale = 1.0);
+    /// A date row over a variable holding "YYYY/MM/DD"; it reads on every
+    /// draw and writes each commit.
+    EngineDateLine* CreateDateLine(const std::string& variableName, const std::string& dbName,
+                                   const std::string& dbInstance);
+    /// A time row over a variable holding "HH:MM:SS"; it reads on every draw
+    /// and writes each commit.
+    EngineTimeLine* CreateTimeLine(const std::string& variableName, const std::string& dbName,
+                                   const std::string& dbInstance);
 
 protected:
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,

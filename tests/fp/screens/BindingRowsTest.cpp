@@ -8,6 +8,7 @@
 #include <string>
 
 #include "fp/lines/ChoiceLine.h"
+#include "fp/lines/EngineDateLine.h"
 #include "fp/lines/EngineNumberLine.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
@@ -45,7 +46,7 @@ private:
 };
 
 // The unit as a restart sees it: a store (on the test's file when asked), a
-// client and a 20x4 panel. Rebuilt by Restart, the file stays.
+// client and a 20x4 panel. Rebuilt by Restart; the file stays.
 struct Unit {
     explicit Unit(const std::string& file) {
         if (!file.empty()) {
@@ -64,6 +65,13 @@ struct Unit {
             CVarDecl("app.limit").Default("2.5").Check(CValidator::Real(0, 50)).Persistent());
         store.Declare(
             CVarDecl("app.steps").Default("25").Check(CValidator::Integer(0, 500)).Persistent());
+        store.Declare(CVarDecl("clock.date")
+                          .Default("2026/01/31")
+                          .Check(CValidator::Custom(CValidator::Function([](const std::string& v) {
+                              return FP::EngineDateLine::IsCalendarDate(v) ? "" : "no such date";
+                          })))
+                          .Persistent());
+        store.Declare(CVarDecl("clock.time").Default("23:59:58").Persistent());
         fp.Attach();
     }
     ~Unit() { fp.Detach(); }
@@ -81,7 +89,9 @@ struct Unit {
         return store.Read(name, TOV::COid("0")).Val().GetValue();
     }
     TOV::CDataStore store;
-    TOV::CTovClient client{store};
+    // Queued: engine events would otherwise redraw from the delivery thread
+    // while the test drives the screen. Each draw reads the engine anyway.
+    TOV::CTovClient client{store, TOV::CTovClient::DELIVER_QUEUED};
     FP::FpClient fp{&client};
     fptest::TextDisplay display{20, 4};
 };
@@ -209,6 +219,35 @@ TEST_P(BindingRowsTest, NumberRowsShowPlaceholdersAndScaledValues) {
     });
     unit->Show(status);
     EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n");
+}
+
+void ClockRows(Config& s) {
+    s.CreateDateLine("D:", "clock.date", "0");
+    s.CreateTimeLine("T:", "clock.time", "0");
+}
+
+TEST_P(BindingRowsTest, DateAndTimeRowsRefuseNoDayAndShowTheirValueAfterARestart) {
+    {
+        Config screen(ClockRows);
+        unit->Show(screen);
+        EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
+        unit->Keys(screen, {FP::KEY_ENTER, FP::KEY_RIGHT, FP::KEY_UP, FP::KEY_ENTER});
+        EXPECT_EQ(unit->Var("clock.date"), "2026/01/31");  // 31 February
+        EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
+        unit->Keys(screen, {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_RIGHT, FP::KEY_DOWN, FP::KEY_DOWN,
+                            FP::KEY_DOWN, FP::KEY_ENTER, FP::KEY_DOWN, FP::KEY_ENTER, FP::KEY_UP,
+                            FP::KEY_ENTER});
+        EXPECT_EQ(unit->Var("clock.date"), "2026/02/28");
+        EXPECT_EQ(unit->Var("clock.time"), "00:59:58");
+    }
+    Restart();
+    fptest::LogCapture log("fp.lines");
+    unit->store.Write("other", "clock.time", TOV::COid("0"), "25:00:00");
+    Config screen(ClockRows);
+    unit->Show(screen);
+    EXPECT_EQ(ScreenText(unit->display),
+              GetParam() ? "\n>D:2026/02/28\n T:?\n" : "\n>D:2026/01/31\n T:?\n");
+    EXPECT_EQ(log.Count("SetCurrentValue() clock.time/0 holds \"25:00:00\"", true), 1u);
 }
 
 INSTANTIATE_TEST_SUITE_P(MemoryAndFile, BindingRowsTest, ::testing::Bool());
