@@ -315,12 +315,14 @@ void DemoUnit::SetUpPanel() {
 
 void DemoUnit::ShowRefusal() {
     std::vector<std::string> rows;
-    // Wrapped over every row, so that it reads whole on two rows as well.
-    FP::TextAdjustment::SplitString("Not saved: " + refusal_, rows, width_ + 1, ' ');
+    // The top row ends under the panel's symbols, so it only gets the title;
+    // the reason is wrapped over the rows below.
+    FP::TextAdjustment::SplitString(refusal_, rows, width_ + 1, ' ');
     refusal_.clear();
     display_.ClearDisplay();
-    for (unsigned row = 0; row < height_ && row < rows.size(); ++row)
-        display_.WriteLine(rows[row], row, FP::CENTER, 0);
+    display_.WriteLine("Not saved", 0, FP::CENTER, 0);
+    for (unsigned row = 1; row < height_ && row - 1 < rows.size(); ++row)
+        display_.WriteLine(rows[row - 1], row, FP::CENTER, 0);
     display_.SendNavSymbols(0);
     display_.SendUpdate();
     refusalShown_ = true;
