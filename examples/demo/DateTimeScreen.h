@@ -4,16 +4,11 @@
 
 namespace FPDEMO {
 
-// The unit's date and time.
+// The unit's date and time, read from and written to the engine.
 class DateTimeScreen : public FP::BaseConfigScreen {
 public:
     DateTimeScreen();
     void CreateLines() override;
-    void BaseConfigureMenu() override;
-
-private:
-    FP::BaseLine* date_ = nullptr;
-    FP::BaseLine* time_ = nullptr;
 };
 
 }  // namespace FPDEMO

@@ -2,6 +2,8 @@
 
 #include <log4cpp/Category.hh>
 
+#include <vector>
+
 #include "examples/demo/AboutScreen.h"
 #include "examples/demo/DateTimeScreen.h"
 #include "examples/demo/DemoVars.h"
@@ -12,6 +14,7 @@
 #include "examples/demo/StatusScreen.h"
 #include "examples/demo/WizardScreen.h"
 #include "fp/core/Names.h"
+#include "fp/display/TextAdjustment.h"
 #include "kt/Str.h"
 
 namespace FPDEMO {
@@ -25,6 +28,7 @@ const auto kRetryPeriod = std::chrono::milliseconds(1000);
 // How often the link is looked at when the screen needs no redraw sooner.
 const auto kWatchPeriod = std::chrono::milliseconds(250);
 const unsigned kRoundTripMs = 2000;
+const auto kRefusalShownFor = std::chrono::milliseconds(1500);
 
 log4cpp::Category& Log() {
     return log4cpp::Category::getInstance("fp.demo");
@@ -48,6 +52,11 @@ DemoUnit::DemoUnit(TOV::CDataStore& store, unsigned width, unsigned height)
         screen->SetDisplay(&display_);
         screens_[screen->GetName()].reset(screen);
     }
+    client_.SetRefusalListener([this](const FP::FpClient::Refusal_t& refusal) {
+        // The engine's reason ends its message ("...: out of range 1 to 8").
+        const std::string::size_type colon = refusal.message.rfind(": ");
+        refusal_ = colon == std::string::npos ? refusal.message : refusal.message.substr(colon + 2);
+    });
 }
 
 DemoUnit::~DemoUnit() {
@@ -176,6 +185,11 @@ void DemoUnit::Handle(const Event_t& event) {
         case Event_t::KEY: {
             if (!link_)
                 break;  // keys of a panel that is gone
+            if (refusalShown_) {
+                // A key dismisses the message; the screen is back before it acts.
+                refusalShown_ = false;
+                current_->DrawScreen();
+            }
             const std::string next =
                 current_->KeyPress(FP::KeyState_t{FP::Key_e(event.a), FP::KEY_STATE_DOWN});
             if (next != FP::kNoScreen && next != current_->GetName()) {
@@ -184,6 +198,8 @@ void DemoUnit::Handle(const Event_t& event) {
                 else
                     Log().warn("%s() No screen named \"%s\".", __func__, next.c_str());
             }
+            if (!refusal_.empty())
+                ShowRefusal();
             break;
         }
         case Event_t::ENGINE: {
@@ -239,7 +255,11 @@ void DemoUnit::Tick() {
                 notice_("panel link restored");
         }
     }
-    if (current_ && now >= nextDraw_) {
+    if (refusalShown_ && now >= refusalUntil_) {
+        refusalShown_ = false;
+        nextDraw_ = now;
+    }
+    if (current_ && !refusalShown_ && now >= nextDraw_) {
         if (link_)
             current_->DrawScreen();
         nextDraw_ =
@@ -291,6 +311,22 @@ void DemoUnit::SetUpPanel() {
     display_.ForceUpdate();
     if (current_)
         current_->DrawScreen();
+}
+
+void DemoUnit::ShowRefusal() {
+    std::vector<std::string> rows;
+    // The top row ends under the panel's symbols, so it only gets the title;
+    // the reason is wrapped over the rows below.
+    FP::TextAdjustment::SplitString(refusal_, rows, width_ + 1, ' ');
+    refusal_.clear();
+    display_.ClearDisplay();
+    display_.WriteLine("Not saved", 0, FP::CENTER, 0);
+    for (unsigned row = 1; row < height_ && row - 1 < rows.size(); ++row)
+        display_.WriteLine(rows[row - 1], row, FP::CENTER, 0);
+    display_.SendNavSymbols(0);
+    display_.SendUpdate();
+    refusalShown_ = true;
+    refusalUntil_ = Clock::now() + kRefusalShownFor;
 }
 
 void DemoUnit::ShowScreen(const std::string& name) {

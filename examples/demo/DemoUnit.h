@@ -29,7 +29,8 @@ namespace FPDEMO {
 // on one queue; the UI thread alone touches the screens, the display and the
 // engine client's event sinks. Between events it redraws the current screen
 // at the screen's poll period and watches the link; a dropped link is rebuilt
-// from the connector every second or so.
+// from the connector every second or so. A write the engine refuses is
+// shown on the panel for a moment, then the screen comes back.
 class DemoUnit : public FP::IKeyPress, public TOV::IManagedEventSink {
 public:
     // Opens a fresh connection to the panel, or answers null.
@@ -85,6 +86,9 @@ private:
     void OnTemperature(short value);
     void OnFanSpeed(FP::FpControl::Fan_e fan, unsigned short speed);
     void OnPanelInit();
+    // Puts the last refusal on the panel until kRefusalShownFor has passed or
+    // a key is pressed; the current screen is drawn again after it.
+    void ShowRefusal();
 
     TOV::CDataStore& store_;
     TOV::CTovClient tov_;
@@ -101,6 +105,10 @@ private:
     std::chrono::steady_clock::time_point nextRetry_;
     std::chrono::steady_clock::time_point nextDraw_;
     PanelDisplay display_;
+    // UI thread only: screens write from there, so the listener runs there.
+    std::string refusal_;
+    bool refusalShown_ = false;
+    std::chrono::steady_clock::time_point refusalUntil_;
 
     mutable std::mutex mutex_;
     std::condition_variable queued_;

@@ -4,6 +4,9 @@
 
 #include <ctime>
 
+#include "fp/lines/EngineDateLine.h"
+#include "fp/lines/EngineTimeLine.h"
+
 namespace FPDEMO {
 
 namespace {
@@ -19,6 +22,12 @@ std::string Now(const char* format) {
     char text[32];
     std::strftime(text, sizeof text, format, &tm);
     return text;
+}
+
+// A validator's check from a yes/no test and the reason given for no.
+TOV::CValidator::Function Accept(bool (*test)(const std::string&), const char* reason) {
+    return TOV::CValidator::Function(
+        [test, reason](const std::string& value) { return test(value) ? std::string() : reason; });
 }
 
 bool Quad(const std::string& text, uint32_t& out) {
@@ -64,8 +73,12 @@ bool DeclareVars(TOV::CDataStore& store, std::string& error) {
         CVarDecl(Var::kMac).Default("02:00:5E:10:00:01"),
         CVarDecl(Var::kBrightness).Default("5").Check(CValidator::Integer(1, 8)).Persistent(),
         // The demo has no clock of its own to set: these start at the host's time.
-        CVarDecl(Var::kDate).Default(Now("%Y/%m/%d")),
-        CVarDecl(Var::kTime).Default(Now("%H:%M:%S")),
+        CVarDecl(Var::kDate)
+            .Default(Now("%Y/%m/%d"))
+            .Check(CValidator::Custom(Accept(&FP::EngineDateLine::IsCalendarDate, "no such date"))),
+        CVarDecl(Var::kTime)
+            .Default(Now("%H:%M:%S"))
+            .Check(CValidator::Custom(Accept(&FP::EngineTimeLine::IsTimeOfDay, "no such time"))),
     };
     for (const CVarDecl& decl : vars) {
         const TOV::CRet ret = store.Declare(decl);

@@ -18,12 +18,8 @@ void DisplayScreen::CreateLines() {
     std::map<std::string, std::string> levels;
     for (char c = '1'; c <= '8'; ++c)
         levels[std::string(1, c)] = std::string(1, c);
-    brightness_ = CreateListLine("Brightness:", Var::kBrightness, Var::kInstance, levels, "");
-}
-
-void DisplayScreen::BaseConfigureMenu() {
-    brightness_->SetDbActive(true);
-    brightness_->SetSendDbData(true);
+    // The variable holds the level itself, so the row stores keys.
+    CreateChoiceLine("Brightness:", Var::kBrightness, Var::kInstance, levels, "");
 }
 
 }  // namespace FPDEMO

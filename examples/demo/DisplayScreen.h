@@ -10,10 +10,6 @@ class DisplayScreen : public FP::BaseConfigScreen {
 public:
     DisplayScreen();
     void CreateLines() override;
-    void BaseConfigureMenu() override;
-
-private:
-    FP::BaseLine* brightness_ = nullptr;
 };
 
 }  // namespace FPDEMO

@@ -1,5 +1,7 @@
 #include "examples/demo/NetworkScreen.h"
 
+#include <map>
+
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/ScreenNames.h"
 #include "fp/lines/MacLine.h"
@@ -19,8 +21,8 @@ NetworkScreen::NetworkScreen() : BaseConfigScreen(2000, true) {
 
 void NetworkScreen::CreateLines() {
     editable_ = {
-        CreateListLine("DHCP:", Var::kDhcp, Var::kInstance, std::vector<std::string>{"Off", "On"},
-                       ""),
+        CreateChoiceLine("DHCP:", Var::kDhcp, Var::kInstance,
+                         std::map<int, std::string>{{0, "Off"}, {1, "On"}}, ""),
         CreateIpLine("IP:", Var::kIpAddress, Var::kInstance),
         CreateIpLine("Mask:", Var::kNetmask, Var::kInstance),
         CreateIpLine("Gw:", Var::kGateway, Var::kInstance),

@@ -18,7 +18,8 @@ namespace FP {
 /// that sorted order, NOT its key, while reading looks the value up by key.
 /// So a list keyed "1".."9" in order round-trips; any other keys (a map, or
 /// ten or more entries) write back a number that is not the key read.
-/// Stored values depend on exactly this, so it stays.
+/// Stored values depend on exactly this, so it stays; a variable that holds
+/// keys wants a ChoiceLine.
 /// Threads and ownership: as BaseLine (borrows the display and the client).
 class ListLine : public BaseLine {
 public:

@@ -81,10 +81,11 @@ void MenuStyleBasic::DrawScreen(DrawScreen_e mode) {
         }
         return;
     }
-    // Step off unselectable lines. The scrolling cursor types never move the
-    // selection, so the walk is bounded by the item count instead of relying
-    // on coming back to item 0.
-    for (int tries = cursor.GetItemCount(); tries > 0; --tries) {
+    // Step off unselectable lines. Scroll and page cursors select nothing:
+    // moving them would only slide the page on every draw, so they stay.
+    const bool paging =
+        cursor.GetCursorType() == CURSOR_SCROLL || cursor.GetCursorType() == CURSOR_PAGE;
+    for (int tries = paging ? 0 : cursor.GetItemCount(); tries > 0; --tries) {
         BaseLine* line = SelectedLine();
         if (!line || line->GetSelectable()) {
             break;

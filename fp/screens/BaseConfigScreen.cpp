@@ -1,6 +1,7 @@
 #include "fp/screens/BaseConfigScreen.h"
 
 #include "fp/lines/IpLine.h"
+#include "fp/screens/FpClient.h"
 #include "fp/screens/internal/BoundRows.h"
 
 namespace FP {
@@ -22,6 +23,7 @@ BaseLine* BaseConfigScreen::AddBound(BaseLine* line, const std::string& variable
     line->SetDbInfo(dbName, dbInstance);
     line->SetDbActive(false);
     menu.AddLine(line, variableName);
+    boundRows_.push_back(line);
     BoundRows::AddRequest(variableRequest, dbName, dbInstance);
     return line;
 }
@@ -66,6 +68,45 @@ BaseLine* BaseConfigScreen::CreateListLine(const std::string& variableName,
                     dbInstance);
 }
 
+ChoiceLine* BaseConfigScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               std::map<std::string, std::string> items,
+                                               const std::string& suffix) {
+    return AddWriting(BoundRows::NewListLine<ChoiceLine>(suffix, std::move(items)), variableName,
+                      dbName, dbInstance);
+}
+
+ChoiceLine* BaseConfigScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               const std::map<int, std::string>& items,
+                                               const std::string& suffix) {
+    return AddWriting(BoundRows::NewListLine<ChoiceLine>(suffix, items), variableName, dbName,
+                      dbInstance);
+}
+
+EngineNumberLine* BaseConfigScreen::CreateNumberLine(
+    const std::string& variableName, const std::string& dbName, const std::string& dbInstance,
+    double min, double max, int decimals, const std::string& suffix,
+    EngineNumberLine::Storage_e storage, double scale) {
+    auto* line = new EngineNumberLine(min, max, decimals, storage, scale);
+    line->SetSuffix(suffix);
+    return AddWriting(line, variableName, dbName, dbInstance);
+}
+
+EngineDateLine* BaseConfigScreen::CreateDateLine(const std::string& variableName,
+                                                 const std::string& dbName,
+                                                 const std::string& dbInstance) {
+    return AddWriting(new EngineDateLine(), variableName, dbName, dbInstance);
+}
+
+EngineTimeLine* BaseConfigScreen::CreateTimeLine(const std::string& variableName,
+                                                 const std::string& dbName,
+                                                 const std::string& dbInstance) {
+    return AddWriting(new EngineTimeLine(), variableName, dbName, dbInstance);
+}
+
 void BaseConfigScreen::Initialize() {
     if (!initialized)
         CreateLines();
@@ -77,6 +118,22 @@ void BaseConfigScreen::Initialize() {
     DropReplacedTitle(title);
     SetupScreenAccessMode();
     menu.ResetCursor();
+    menu.DrawScreen(DRAW_FULL);
+}
+
+std::string BaseConfigScreen::KeyPress(const KeyState_t& key) {
+    const unsigned long refusedBefore = client ? client->GetRefusalCount() : 0;
+    const std::string next = BaseEventScreen::KeyPress(key);
+    if (client && client->GetRefusalCount() != refusedBefore)
+        ReloadRows();
+    return next;
+}
+
+void BaseConfigScreen::ReloadRows() {
+    // The no-argument load reads whether or not a row refreshes on draws,
+    // which is what a row that just lost its edit needs.
+    for (BaseLine* line : boundRows_)
+        line->SetCurrentValue();
     menu.DrawScreen(DRAW_FULL);
 }
 

@@ -4,6 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "fp/lines/ChoiceLine.h"
+#include "fp/lines/EngineDateLine.h"
+#include "fp/lines/EngineNumberLine.h"
+#include "fp/lines/EngineTimeLine.h"
 #include "fp/lines/StringLine.h"
 #include "fp/screens/BaseEventScreen.h"
 #include "tov/Oid.h"
@@ -34,6 +38,10 @@ public:
     void Initialize() override;
     /// Stops watching every variable read by the last Initialize.
     void DeInitialize() override;
+    /// Keys go to the menu. When the engine turned down a write the key made,
+    /// every row is read again and the screen redrawn, so the panel shows
+    /// what is stored rather than what was refused.
+    std::string KeyPress(const KeyState_t& key) override;
     /// Watches every (name, instance) that the last read returned.
     virtual void Register();
     /// The concrete screen's hook: make the rows with the factories.
@@ -49,22 +57,67 @@ public:
     BaseLine* CreateStringLine(const std::string& variableName, const std::string& dbName,
                                const std::string& dbInstance, int numItems,
                                const StringLine::CharacterSet_e& set);
-    /// A choice among texts; the variable holds the chosen item's number.
+    /// A choice among texts; the variable holds the chosen item's position
+    /// in key order, counted from 1 (see ListLine).
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::vector<std::string> items,
                              const std::string& suffix);
-    /// A choice among numbered texts.
+    /// A choice among numbered texts; stores positions, not the numbers
+    /// (see ListLine): use CreateChoiceLine to store the numbers.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::map<int, std::string> items,
                              const std::string& suffix);
-    /// A choice where keys are the stored values and texts what the row shows.
+    /// A choice among texts keyed by strings. Like the other list rows it
+    /// stores the chosen item's position in key order, counted from 1, not
+    /// its key: CreateChoiceLine stores keys.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance,
                              std::map<std::string, std::string> items, const std::string& suffix);
+    /// A choice whose variable holds the chosen item's key (items: key to
+    /// text). Unlike the list rows it reads on every draw and writes each
+    /// commit without further set-up.
+    ChoiceLine* CreateChoiceLine(const std::string& variableName, const std::string& dbName,
+                                 const std::string& dbInstance,
+                                 std::map<std::string, std::string> items,
+                                 const std::string& suffix);
+    /// The same with whole-number keys, stored in decimal.
+    ChoiceLine* CreateChoiceLine(const std::string& variableName, const std::string& dbName,
+                                 const std::string& dbInstance,
+                                 const std::map<int, std::string>& items,
+                                 const std::string& suffix);
+    /// An editable number between min and max with decimals places, then
+    /// suffix. storage says how the variable holds it: the shown decimal text,
+    /// or whole steps of scale (scale is not used with STORE_TEXT). Like a
+    /// choice row it reads on every draw and writes each commit. A scale that
+    /// gives no steps is logged now and the row shows "?".
+    EngineNumberLine* CreateNumberLine(const std::string& variableName, const std::string& dbName,
+                                       const std::string& dbInstance, double min, double max,
+                                       int decimals, const std::string& suffix,
+                                       EngineNumberLine::Storage_e storage, double scale = 1.0);
+    /// A date row over a variable holding "YYYY/MM/DD"; it reads on every
+    /// draw and writes each commit.
+    EngineDateLine* CreateDateLine(const std::string& variableName, const std::string& dbName,
+                                   const std::string& dbInstance);
+    /// A time row over a variable holding "HH:MM:SS"; it reads on every draw
+    /// and writes each commit.
+    EngineTimeLine* CreateTimeLine(const std::string& variableName, const std::string& dbName,
+                                   const std::string& dbInstance);
 
 protected:
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,
                        const std::string& dbInstance);
+    // AddBound, then the binding on: the row reads on draws and writes commits.
+    template <class Line>
+    Line* AddWriting(Line* line, const std::string& variableName, const std::string& dbName,
+                     const std::string& dbInstance) {
+        AddBound(line, variableName, dbName, dbInstance);
+        line->SetDbActive(true);
+        line->SetSendDbData(true);
+        return line;
+    }
+
+    // Reloads every bound row from the engine and draws the whole screen.
+    void ReloadRows();
 
     TOV::CParam variableRequest;
     TOV::CParam variableValues;
@@ -74,6 +127,9 @@ protected:
     TOV::COid objectId;
     std::string firstText;
     std::string secondText;
+
+private:
+    std::vector<BaseLine*> boundRows_;  // owned by the menu
 };
 
 }  // namespace FP

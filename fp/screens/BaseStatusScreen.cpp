@@ -2,7 +2,9 @@
 
 #include <cmath>
 
+#include "fp/lines/ChoiceLine.h"
 #include "fp/lines/DisplayLine.h"
+#include "fp/lines/EngineNumberLine.h"
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
 #include "fp/lines/NumberLine.h"
@@ -63,6 +65,26 @@ BaseLine* BaseStatusScreen::CreateListLine(const std::string& variableName,
                     dbInstance);
 }
 
+ChoiceLine* BaseStatusScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               std::map<std::string, std::string> items,
+                                               const std::string& suffix) {
+    auto* line = BoundRows::NewListLine<ChoiceLine>(suffix, std::move(items));
+    AddBound(line, variableName, dbName, dbInstance);
+    return line;
+}
+
+ChoiceLine* BaseStatusScreen::CreateChoiceLine(const std::string& variableName,
+                                               const std::string& dbName,
+                                               const std::string& dbInstance,
+                                               const std::map<int, std::string>& items,
+                                               const std::string& suffix) {
+    auto* line = BoundRows::NewListLine<ChoiceLine>(suffix, items);
+    AddBound(line, variableName, dbName, dbInstance);
+    return line;
+}
+
 BaseLine* BaseStatusScreen::CreateNumberLine(const std::string& variableName,
                                              const std::string& dbName,
                                              const std::string& dbInstance,
@@ -71,6 +93,17 @@ BaseLine* BaseStatusScreen::CreateNumberLine(const std::string& variableName,
     auto* line = new NumberLine(isSigned, std::pow(10.0, -decimals), decimals, scale);
     line->SetSuffix(suffix);
     return AddBound(line, variableName, dbName, dbInstance);
+}
+
+EngineNumberLine* BaseStatusScreen::CreateScaledNumberLine(const std::string& variableName,
+                                                           const std::string& dbName,
+                                                           const std::string& dbInstance,
+                                                           const std::string& suffix, bool isSigned,
+                                                           int decimals, double scale) {
+    auto* line = new EngineNumberLine(isSigned, decimals, EngineNumberLine::STORE_STEPS, scale);
+    line->SetSuffix(suffix);
+    AddBound(line, variableName, dbName, dbInstance);
+    return line;
 }
 
 BaseLine* BaseStatusScreen::CreateIpLine(const std::string& variableName, const std::string& dbName,

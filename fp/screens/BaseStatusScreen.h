@@ -10,6 +10,8 @@
 namespace FP {
 
 class BaseLine;
+class ChoiceLine;
+class EngineNumberLine;
 
 /// A read-only screen of engine variables. The concrete screen makes its rows
 /// in CreateLines with the factories below, top row first; each time the
@@ -44,7 +46,8 @@ public:
     /// every Initialize. A title set here replaces (and frees) the last one.
     virtual void ConfigureMenu() {}
 
-    /// A list row showing the text of the variable's value, then suffix.
+    /// A list row showing the text at the position the variable holds
+    /// (counted from 1, in key order; see ListLine), then suffix.
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::vector<std::string> items,
                              const std::string& suffix);
@@ -56,10 +59,29 @@ public:
     BaseLine* CreateListLine(const std::string& variableName, const std::string& dbName,
                              const std::string& dbInstance, std::map<int, std::string> items,
                              const std::string& suffix);
+    /// A row showing the text for the whole number the variable holds
+    /// (items: number to text), or "?" for a number that is not among them.
+    ChoiceLine* CreateChoiceLine(const std::string& variableName, const std::string& dbName,
+                                 const std::string& dbInstance,
+                                 const std::map<int, std::string>& items,
+                                 const std::string& suffix);
+    /// The same for a variable holding text keys (items: key to text).
+    ChoiceLine* CreateChoiceLine(const std::string& variableName, const std::string& dbName,
+                                 const std::string& dbInstance,
+                                 std::map<std::string, std::string> items,
+                                 const std::string& suffix);
     /// A number row with decimals places, scaled by scale, then suffix.
     BaseLine* CreateNumberLine(const std::string& variableName, const std::string& dbName,
                                const std::string& dbInstance, const std::string& suffix,
                                const bool& isSigned, const int& decimals, const double& scale);
+    /// A number row that shows the stored whole count of scale steps as the
+    /// scaled value, rounded half away from zero to decimals places, then
+    /// suffix (CreateNumberLine's rows show the stored text unscaled).
+    EngineNumberLine* CreateScaledNumberLine(const std::string& variableName,
+                                             const std::string& dbName,
+                                             const std::string& dbInstance,
+                                             const std::string& suffix, bool isSigned, int decimals,
+                                             double scale);
     /// An IPv4 address row.
     BaseLine* CreateIpLine(const std::string& variableName, const std::string& dbName,
                            const std::string& dbInstance);

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <log4cpp/Category.hh>
+#include <utility>
 
 #include "fp/core/Names.h"
 #include "kt/Thread.h"
@@ -103,18 +104,31 @@ bool FpClient::SendData(std::string const& name, std::string const& instance,
         log_.debug("SendData Error: %s, Instance: %s", name.c_str(), instance.c_str());
         return false;
     }
-    client_->SendOp(FPUSER, name, TOV::COid(instance), value);
+    (void)Write(__func__, name, instance, value);  // fire and forget; a refusal is reported
     return true;
 }
 
 bool FpClient::SendDataWait(std::string const& name, std::string const& instance,
                             std::string const& value) {
-    return client_->SendOp(FPUSER, name, TOV::COid(instance), value).Success();
+    return Write(__func__, name, instance, value).Success();
 }
 
 std::string FpClient::SendDataWaitMsg(std::string const& name, std::string const& instance,
                                       std::string const& value) {
-    return client_->SendOp(FPUSER, name, TOV::COid(instance), value).Msg();
+    return Write(__func__, name, instance, value).Msg();
+}
+
+TOV::CRet FpClient::Write(const char* caller, std::string const& name, std::string const& instance,
+                          std::string const& value) {
+    TOV::CRet ret = client_->SendOp(FPUSER, name, TOV::COid(instance), value);
+    if (!ret.Success()) {
+        ++refusals_;
+        log_.warn("%s() %s/%s refused \"%s\": %s", caller, name.c_str(), instance.c_str(),
+                  value.c_str(), ret.Msg().c_str());
+        if (refusalListener_)
+            refusalListener_(Refusal_t{name, instance, value, ret.Msg()});
+    }
+    return ret;
 }
 
 }  // namespace FP

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <atomic>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "kt/WakeUpTimer.h"
 #include "tov/ManagedEventSink.h"
@@ -21,6 +24,17 @@ namespace FP {
 // event registration through, and holds a wake-up timer for the application.
 class FpClient {
 public:
+    /// A write the engine turned down: what was written where, and the
+    /// engine's reason.
+    struct Refusal_t {
+        std::string name;
+        std::string instance;
+        std::string value;
+        std::string message;
+    };
+    /// Told about each refused write. Threads: runs on the thread that wrote.
+    using RefusalListener = std::function<void(const Refusal_t&)>;
+
     explicit FpClient(TOV::CTovClient* client);
     virtual ~FpClient();
     FpClient(const FpClient&) = delete;
@@ -57,10 +71,25 @@ public:
     std::string SendDataWaitMsg(std::string const& name, std::string const& instance,
                                 std::string const& value);
 
+    /// Replaces the listener told about refused SendData, SendDataWait and
+    /// SendDataWaitMsg writes (an empty one tells nobody). Every refusal is
+    /// also logged at warn level. Threads: set it before writes start.
+    void SetRefusalListener(RefusalListener listener) { refusalListener_ = std::move(listener); }
+    /// Refused writes so far; a screen compares it across a key press to
+    /// know whether its rows must be read again.
+    unsigned long GetRefusalCount() const { return refusals_.load(); }
+
 private:
+    // Writes under the panel's user and reports a refusal; caller is the
+    // public operation's name, for the log line.
+    TOV::CRet Write(const char* caller, std::string const& name, std::string const& instance,
+                    std::string const& value);
+
     TOV::CTovClient* client_;
     KT::CWakeUpTimer timer_;
     log4cpp::Category& log_;
+    RefusalListener refusalListener_;
+    std::atomic<unsigned long> refusals_{0};  // writers bump, screens read
 };
 
 }  // namespace FP

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -106,6 +107,42 @@ TEST_F(DemoTest, EditedAddressReachesTheEngineAndSurvivesARestart) {
     EXPECT_EQ(Demo({"--keys", "DOWN SIDEWAYS"}, out), 2);
     EXPECT_NE(out.find("unknown key 'SIDEWAYS'"), std::string::npos) << out;
     EXPECT_EQ(Demo({"--keys", "WAIT soon"}, out), 2);
+}
+
+TEST_F(DemoTest, DhcpChoiceStoresItsKeyAndComesBackAfterARestart) {
+    const std::string db = dir + "/settings.db";
+    std::string out;
+    ASSERT_EQ(
+        Demo({"--db", db, "--keys", "DOWN ENTER ENTER UP ENTER", "--print-var", "net.dhcp"}, out),
+        0)
+        << out;
+    EXPECT_NE(out.find(">DHCP:On "), std::string::npos) << out;
+    EXPECT_NE(out.find("net.dhcp=1\n"), std::string::npos) << out;
+    ASSERT_EQ(Demo({"--db", db, "--keys", "DOWN ENTER"}, out), 0) << out;
+    EXPECT_NE(out.find(">DHCP:On "), std::string::npos) << out;
+}
+
+// Date & Time, month to February, day to 31, commit: the engine refuses it
+// and the panel says so. The keys depend on today, the demo's first date.
+TEST_F(DemoTest, ANoSuchDateIsRefusedOnThePanel) {
+    const std::time_t now = std::time(nullptr);
+    std::tm today{};
+    localtime_r(&now, &today);
+    std::string keys = "DOWN DOWN DOWN ENTER ENTER RIGHT";
+    for (int i = (2 - (today.tm_mon + 1) + 12) % 12; i > 0; --i)
+        keys += " UP";
+    keys += " RIGHT";
+    for (int i = 31 - today.tm_mday; i > 0; --i)
+        keys += " UP";
+    std::string out;
+    ASSERT_EQ(
+        Demo({"--db", ":memory:", "--keys", keys + " ENTER", "--print-var", "clock.date"}, out), 0)
+        << out;
+    EXPECT_NE(out.find("Not saved"), std::string::npos) << out;
+    EXPECT_NE(out.find("no such date"), std::string::npos) << out;
+    EXPECT_EQ(out.find("clock.date=" + std::to_string(today.tm_year + 1900) + "/02/31"),
+              std::string::npos)
+        << out;
 }
 
 TEST_F(DemoTest, WizardRefusesAGatewayOutsideTheSubnet) {

@@ -62,10 +62,11 @@ public:
         });
     }
 
-    // args pick the ListLine constructor; every list factory sets the suffix.
-    template <class... Args>
-    static ListLine* NewListLine(const std::string& suffix, Args&&... args) {
-        auto* line = new ListLine(std::forward<Args>(args)...);
+    // args pick the constructor of Line (a ListLine or a kind of it); every
+    // list factory sets the suffix.
+    template <class Line = ListLine, class... Args>
+    static Line* NewListLine(const std::string& suffix, Args&&... args) {
+        auto* line = new Line(std::forward<Args>(args)...);
         line->SetSuffix(suffix);
         return line;
     }

@@ -130,6 +130,18 @@ TEST_F(MenuTest, StepsOverUnselectableLinesAndSendsEachLinesMask) {
     EXPECT_EQ(display.navMasks, (std::vector<unsigned char>{2, 8, 2, 8}));
 }
 
+// Paging cursors have no selection to move off a line, so redraws, however
+// many, leave the page where it is.
+TEST_F(MenuTest, PagingMenusKeepTheirPageOverAnUnselectableFirstLine) {
+    for (FP::CursorType_e type : {FP::CURSOR_PAGE, FP::CURSOR_SCROLL}) {
+        menu.RemoveLines();
+        menu.SetCursorType(type);
+        AddLines(6)[0]->SetSelectable(false);
+        for (int i = 0; i < 4; ++i)
+            EXPECT_EQ(Draw(), "        Setup\n A:a\n B:b\n C:c              v") << type;
+    }
+}
+
 TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
     menu.AddLine(new DisplayLine("eth0"), "Net:", "Network");
     auto l = AddLines(1);

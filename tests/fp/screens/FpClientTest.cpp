@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "fp/screens/FpClient.h"
 #include "tests/support/LogCapture.h"
@@ -97,6 +98,10 @@ TEST_P(FpClientTest, ReadsAndChecksArguments) {
 
 TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
     fptest::LogCapture log("fp.client");
+    std::vector<std::string> heard;
+    fp.SetRefusalListener([&heard](const FP::FpClient::Refusal_t& r) {
+        heard.push_back(r.name + "/" + r.instance + "=" + r.value + ": " + r.message);
+    });
     Sink sink;
     ASSERT_TRUE(fp.AddManagedEventHandler("contrast", &sink, "0").Success());
 
@@ -108,6 +113,20 @@ TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
               fp.SendDataWaitMsg("contrast", "0", "7a"));
     EXPECT_EQ(0u, client.DeliverEvents());
     EXPECT_EQ("3", fp.GetData(std::string("contrast"), "0"));
+    // Every refused write is heard, whichever form issued it.
+    const std::string range = "contrast/0=12: Invalid value '12' for contrast: out of range 0 to 9";
+    EXPECT_EQ((std::vector<std::string>{range, range, range,
+                                        "contrast/0=7a: Invalid value '7a' for contrast: not an "
+                                        "integer"}),
+              heard);
+    ASSERT_EQ(4u, log.Entries().size());
+    EXPECT_EQ("WARN", log.Entries()[0].priority);
+    EXPECT_EQ(
+        "SendData() contrast/0 refused \"12\": Invalid value '12' for contrast: out of "
+        "range 0 to 9",
+        log.Entries()[0].message);
+    EXPECT_EQ(4u, fp.GetRefusalCount());
+    log.Clear();
 
     EXPECT_FALSE(fp.SendData("contrast", "", "4"));
     EXPECT_EQ(std::vector<std::string>{"SendData Error: contrast, Instance: "}, log.Messages());
@@ -130,6 +149,7 @@ TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
     ASSERT_TRUE(fp.RemoveManagedEventHandler("contrast", &sink, "0").Success());
     EXPECT_TRUE(fp.SendDataWait("contrast", "0", "1"));
     EXPECT_EQ(0u, client.DeliverEvents());
+    EXPECT_EQ(4u, heard.size());  // the pass-throughs report nothing themselves
 }
 
 INSTANTIATE_TEST_SUITE_P(MemoryAndFile, FpClientTest, ::testing::Bool());

@@ -1,0 +1,33 @@
+#include "fp/lines/EngineDateLine.h"
+
+#include "fp/lines/internal/FixedFields.h"
+
+namespace FP {
+
+bool EngineDateFormat::Parse(const std::string& text, int fields[3]) {
+    static const int kWidths[3] = {4, 2, 2};
+    if (!FixedFields::Read(text, '/', kWidths, fields))
+        return false;
+    static const int kDays[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const int year = fields[0], month = fields[1], day = fields[2];
+    if (month < 1 || month > 12 || day < 1)
+        return false;
+    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    return day <= kDays[month - 1] + (month == 2 && leap ? 1 : 0);
+}
+
+bool EngineDateFormat::Set(DateLine& line, const int fields[3]) {
+    line.SetYear(fields[0]);
+    line.SetMonth(fields[1]);
+    line.SetDay(fields[2]);
+    // The setters keep their range; a year outside it leaves the old one.
+    return line.GetYear() == fields[0] && line.GetMonth() == fields[1] &&
+           line.GetDay() == fields[2];
+}
+
+bool EngineDateLine::IsCalendarDate(const std::string& text) {
+    int fields[3];
+    return EngineDateFormat::Parse(text, fields);
+}
+
+}  // namespace FP

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "fp/lines/TimeLine.h"
+#include "fp/lines/internal/EngineFields.h"
+
+namespace FP {
+
+// Reads the "HH:MM:SS" text of a time variable into the fields.
+struct EngineTimeFormat {
+    static bool Parse(const std::string& text, int fields[3]);
+    static bool Set(TimeLine& line, const int fields[3]);
+};
+
+/// A time-of-day row bound to a variable holding "HH:MM:SS" (24 hours): it
+/// shows the stored time and writes the committed one. Any other stored text
+/// shows as "?", logged once on "fp.lines".
+/// Threads: the UI thread, like every row.
+class EngineTimeLine : public EngineFields<TimeLine, EngineTimeFormat> {
+public:
+    /// True for "HH:MM:SS" with hours below 24 and minutes and seconds below
+    /// 60; meant for the variable's validator too.
+    static bool IsTimeOfDay(const std::string& text);
+};
+
+}  // namespace FP

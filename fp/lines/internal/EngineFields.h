@@ -1,0 +1,67 @@
+#pragma once
+
+#include <string>
+
+#include "fp/lines/LineText.h"
+#include "fp/lines/internal/UnshownValue.h"
+
+namespace FP {
+
+// What the engine-bound date and time rows share: the committed text is the
+// stored value, a commit writes it, and stored text the row cannot show is
+// drawn as "?" and logged once. Kind supplies Parse(text, fields) (false for
+// text it does not accept) and Set(line, fields) (false when the line's
+// setters refuse a field).
+template <class Line, class Kind>
+class EngineFields : public Line {
+public:
+    static constexpr const char* kUnknown = "?";
+
+    bool KeyPress(const KeyState_t& key) override {
+        const bool committing = this->editing && key.key == KEY_ENTER;
+        const bool result = Line::KeyPress(key);
+        if (committing && !this->editing) {
+            unshown_.Clear();
+            if (!this->readOnly && this->dbActive)
+                this->SendDbData(Line::GetCurrentString());
+        }
+        return result;
+    }
+
+    bool SetCurrentValue(const std::string& text) override {
+        int fields[3] = {0, 0, 0};
+        if (Kind::Parse(text, fields) && Kind::Set(*this, fields)) {
+            this->UpdateCurString();
+            unshown_.Clear();
+            return true;
+        }
+        unshown_.Report(__func__, this->dbName, this->dbInstance, text,
+                        "which the row cannot show");
+        return false;
+    }
+
+    std::string GetCurrentString() const override {
+        return unshown_.Active() && !this->editing ? std::string(kUnknown)
+                                                   : Line::GetCurrentString();
+    }
+
+    void DrawLine(int row) override {
+        if (!unshown_.Active() || this->editing || !this->display) {
+            Line::DrawLine(row);
+            return;
+        }
+        Display& d = *this->display;
+        d.ClearLine(static_cast<unsigned>(row));
+        std::string text(static_cast<size_t>(this->offset > 0 ? this->offset : 0), ' ');
+        if (this->hasVariableName)
+            text += this->variableName;
+        text += kUnknown;
+        LineText::WriteRow(d, text, row, 0);
+        LineText::PadRow(d, row, static_cast<int>(text.size()), this->lineWidth);
+    }
+
+private:
+    UnshownValue unshown_;
+};
+
+}  // namespace FP
