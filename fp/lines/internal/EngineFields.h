@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "fp/lines/LineText.h"
+#include "fp/lines/internal/RowWriter.h"
 #include "fp/lines/internal/UnshownValue.h"
 
 namespace FP {
@@ -56,8 +56,8 @@ public:
         if (this->hasVariableName)
             text += this->variableName;
         text += kUnknown;
-        LineText::WriteRow(d, text, row, 0);
-        LineText::PadRow(d, row, static_cast<int>(text.size()), this->lineWidth);
+        RowWriter::Write(d, text, row, 0);
+        RowWriter::Pad(d, row, static_cast<int>(text.size()), this->lineWidth);
     }
 
 private:
