@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 
 namespace FPDEMO {
 

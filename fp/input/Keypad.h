@@ -5,7 +5,7 @@
 #include <map>
 #include <mutex>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "kt/Functor.h"
 #include "kt/MsgQ.h"
 #include "kt/Thread.h"

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "fp/lines/RowWriter.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "kt/Str.h"
 
 namespace FP {

@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "fp/link/IFpAdapter.h"
 #include "kt/Delegate.h"
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 
 namespace FP {
 

@@ -1,7 +1,7 @@
 #include "fp/menu/MenuStyle.h"
 
 #include "fp/display/Display.h"
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {

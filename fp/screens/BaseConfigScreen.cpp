@@ -2,7 +2,7 @@
 
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 
 namespace FP {
 

@@ -1,6 +1,6 @@
 #include "fp/screens/BaseNavScreen.h"
 
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 
 namespace FP {
 

@@ -7,7 +7,7 @@
 
 #include "fp/display/Display.h"
 #include "fp/menu/BaseLine.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 
 namespace EditLines {
 

@@ -5,7 +5,7 @@
 
 #include "fp/display/Display.h"
 #include "fp/display/DisplayWindow.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "tests/support/LogCapture.h"
 
 using namespace TOV;
