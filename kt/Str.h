@@ -22,24 +22,20 @@ std::string Format(const S& format, Args... args) {
 #pragma GCC diagnostic pop
 }
 
-// Text to number. out receives what a stream extraction reads from text (0
-// when nothing can be read). The result is true when text is exactly the
-// canonical rendering of out (for double: fixed notation with 6 decimals; for
-// integers: plain decimal), or when text is "true" or "false" in any case, which
-// give 1 and 0.
+/// Text to number. out receives what a stream extraction reads from text (0
+/// when nothing can be read). The result is true when text is exactly the
+/// canonical rendering of out (for double and float: fixed notation with 6
+/// decimals; for integers: plain decimal), or when text is "true" or "false"
+/// in any case, which give 1 and 0.
+/// Defined for double, float, int, long and unsigned int.
 template <class T>
 bool ToNum(T& out, const std::string& text);
 
-template <>
-bool ToNum<double>(double& out, const std::string& text);
-template <>
-bool ToNum<float>(float& out, const std::string& text);
-template <>
-bool ToNum<int>(int& out, const std::string& text);
-template <>
-bool ToNum<long>(long& out, const std::string& text);
-template <>
-bool ToNum<unsigned int>(unsigned int& out, const std::string& text);
+extern template bool ToNum<double>(double& out, const std::string& text);
+extern template bool ToNum<float>(float& out, const std::string& text);
+extern template bool ToNum<int>(int& out, const std::string& text);
+extern template bool ToNum<long>(long& out, const std::string& text);
+extern template bool ToNum<unsigned int>(unsigned int& out, const std::string& text);
 
 }  // namespace Str
 }  // namespace KT
