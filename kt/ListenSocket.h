@@ -26,8 +26,18 @@ public:
     unsigned short GetPort() const { return port_; }  // TCP only
     // The address a client passes to CStreamSocket::Open to reach this socket.
     std::string GetAddress() const { return address_; }
+    /// Why the last Listen failed, e.g. "cannot listen on tcp:0.0.0.0:80:
+    /// Permission denied". Not cleared on success.
+    const std::string& LastError() const { return lastError_; }
 
 private:
+    bool ListenTcp(const std::string& host, unsigned short port);
+    bool ListenUnix(const std::string& path);
+    // Record why listening failed (with errno's text when given) and return false.
+    bool Failed(const std::string& reason);
+    bool Failed(const std::string& what, int error);
+
+    std::string lastError_;
     int fd_ = -1;
     unsigned short port_ = 0;
     std::string unixPath_;

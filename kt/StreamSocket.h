@@ -51,7 +51,16 @@ public:
 
     static bool ParseBaud(unsigned int baud, unsigned int& speedConstant);
 
+    /// Why the last Open, Connect* or OpenSerial failed, e.g. "cannot connect
+    /// to tcp:127.0.0.1:7070: Connection refused". Not cleared on success.
+    const std::string& LastError() const { return lastError_; }
+
 private:
+    // Record why an open failed (with errno's text when given) and return false.
+    bool Failed(const std::string& reason);
+    bool Failed(const std::string& what, int error);
+
+    std::string lastError_;
     int fd_ = -1;
     int wakeFd_ = -1;
     bool isSocket_ = false;
