@@ -3,11 +3,11 @@
 #include <atomic>
 #include <cstdint>
 #include <map>
-#include <mutex>
 
 #include "fp/core/KeyTypes.h"
 #include "kt/Functor.h"
 #include "kt/MsgQ.h"
+#include "kt/Mutex.h"
 #include "kt/Thread.h"
 
 namespace log4cpp {
@@ -72,7 +72,7 @@ private:
     // Guards the key table and hold fields: SetQuiesce resets them from the
     // application's thread while the watcher may be using them. Never held
     // while the listener runs.
-    std::mutex stateMutex_;
+    KT::CMutex stateMutex_;
     KT::CMsgQ<KeyState_t> queue_;
     KT::CThread thread_;
     TickSource tick_;

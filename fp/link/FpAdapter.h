@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <deque>
 #include <map>
-#include <mutex>
 #include <utility>
 
 #include "fp/link/IFpAdapter.h"
@@ -75,7 +74,7 @@ private:
     std::map<unsigned char, Handler> handlers_;
     // Handlers may be installed while frames flow (a subscription made at run
     // time); the read thread copies the handler out under this lock.
-    std::mutex handlersMutex_;
+    KT::CMutex handlersMutex_;
     std::deque<std::pair<unsigned char, Payload>> pending_;
     // Answers arrive in request order, so the answered entries are always the
     // first ones of the queue; this counts them.

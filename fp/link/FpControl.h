@@ -1,7 +1,6 @@
 #pragma once
 
 #include <condition_variable>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "fp/core/KeyTypes.h"
 #include "fp/link/IFpAdapter.h"
 #include "kt/Delegate.h"
+#include "kt/Mutex.h"
 
 namespace log4cpp {
 class Category;
@@ -129,8 +129,8 @@ private:
     // read thread delivers: a list is copied under this lock and called
     // outside it, and clearing waits for a delivery under way unless the
     // listener itself is clearing.
-    std::mutex listenersMutex_;
-    std::condition_variable idle_;
+    KT::CMutex listenersMutex_;
+    std::condition_variable_any idle_;
     unsigned calls_ = 0;
     std::thread::id caller_;
 };
