@@ -31,6 +31,7 @@ public:
     /// Why the last parse failed, e.g. "missing port"; empty when it did not.
     const std::string& GetError() const { return error_; }
 
+    /// What kind of link the address names (SCHEME_NONE when invalid).
     Scheme_e GetScheme() const { return scheme_; }
     /// TCP: the host without brackets; empty means any local address.
     const std::string& GetHost() const { return host_; }

@@ -6,12 +6,12 @@
 namespace KT {
 namespace Str {
 
-// printf-style formatting into a string. A null format gives "".
+/// printf-style formatting into a string. A null format gives "".
 std::string Format(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
-// The same with a format held in a string (the number line keeps its format
-// in one). Restricted to std::string: open to any first argument, it would also
-// catch literal formats and call itself for ever.
+/// The same with a format held in a string (the number line keeps its format
+/// in one). Restricted to std::string: open to any first argument, it would also
+/// catch literal formats and call itself for ever.
 template <class S, class... Args,
           class = std::enable_if_t<std::is_same<std::decay_t<S>, std::string>::value>>
 std::string Format(const S& format, Args... args) {

@@ -4,7 +4,7 @@
 
 namespace FP {
 
-// Key codes as the panel sends them.
+/// Key codes as the panel sends them.
 enum Key_e : int32_t {
     KEY_NONE = 0,
     KEY_LEFT = 1,
@@ -34,23 +34,29 @@ enum Key_e : int32_t {
     KEY_LAST = 72
 };
 
+/// What happened to a key.
 enum KeyState_e : int32_t { KEY_STATE_UNKNOWN = 0, KEY_STATE_DOWN = 1, KEY_STATE_UP = 2 };
 
-// One key event: the key and what happened to it.
+/// One key event: the key and what happened to it.
 struct KeyState_t {
+    /// Which key.
     Key_e key;
+    /// Pressed or released.
     KeyState_e state;
 };
 
-// Name strings used in log lines: "NONE", "LEFT", ..., "a".."z", "A".."Z",
-// "ERROR" above 72; "Unknown", "Down", "Up", "ERROR" for states.
+/// Name strings used in log lines: "NONE", "LEFT", ..., "a".."z", "A".."Z",
+/// "ERROR" above 72; "Unknown", "Down", "Up", "ERROR" for states.
 const char* KeyName(int key);
+/// See KeyName().
 const char* KeyStateName(int state);
 
-// The application's key listener.
+/// The application's key listener.
+/// Threads: called on the keypad's watcher thread.
 class IKeyPress {
 public:
     virtual ~IKeyPress() = default;
+    /// A key was pressed (or repeats while held).
     virtual void OnKeyPress(Key_e key) = 0;
 };
 

@@ -2,7 +2,7 @@
 
 namespace FP {
 
-// The library's version, "MAJOR.MINOR.PATCH", for about screens and logs.
+/// The library's version, "MAJOR.MINOR.PATCH", for about screens and logs.
 const char* GetLibraryVersion();
 
 }  // namespace FP
