@@ -33,14 +33,12 @@ PanelLink::PanelLink(unsigned width, unsigned height, FPSIM::Clock_e clock) {
     config.height = height;
     config.clock = clock;
     sim_.reset(new FPSIM::PanelSim(panelEnd_, config));
-    adapter_.reset(new FP::FpAdapter(unitEnd_));
-    control_.reset(new FP::FpControl(*adapter_));
+    stack_.reset(new FP::PanelStack(unitEnd_, width, height));
 }
 
 PanelLink::~PanelLink() {
     sim_->Stop();
-    adapter_.reset();
-    control_.reset();
+    stack_.reset();
     sim_.reset();
 }
 
@@ -65,13 +63,11 @@ DrainedLink::DrainedLink() : drain_(new Drain) {
             drain_->cond.notify_all();
         }
     });
-    adapter_.reset(new FP::FpAdapter(unitEnd_));
-    control_.reset(new FP::FpControl(*adapter_));
+    stack_.reset(new FP::PanelStack(unitEnd_, 20, 4));
 }
 
 DrainedLink::~DrainedLink() {
-    adapter_.reset();
-    control_.reset();
+    stack_.reset();
     panelEnd_.Shutdown();
     drain_->thread.join();
 }

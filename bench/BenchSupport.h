@@ -5,8 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "fp/link/FpAdapter.h"
-#include "fp/link/FpControl.h"
+#include "fp/panel/PanelStack.h"
 #include "kt/StreamSocket.h"
 #include "sim/PanelSim.h"
 
@@ -35,15 +34,14 @@ public:
     PanelLink& operator=(const PanelLink&) = delete;
 
     FPSIM::PanelSim& Sim() { return *sim_; }
-    FP::FpAdapter& Adapter() { return *adapter_; }
-    FP::FpControl& Control() { return *control_; }
+    FP::FpAdapter& Adapter() { return stack_->Adapter(); }
+    FP::FpControl& Control() { return stack_->Control(); }
 
 private:
     KT::CStreamSocket unitEnd_;
     KT::CStreamSocket panelEnd_;
     std::unique_ptr<FPSIM::PanelSim> sim_;
-    std::unique_ptr<FP::FpAdapter> adapter_;
-    std::unique_ptr<FP::FpControl> control_;
+    std::unique_ptr<FP::PanelStack> stack_;
 };
 
 // The unit's link stack on one end of a socket pair whose other end a thread
@@ -55,8 +53,8 @@ public:
     DrainedLink(const DrainedLink&) = delete;
     DrainedLink& operator=(const DrainedLink&) = delete;
 
-    FP::FpAdapter& Adapter() { return *adapter_; }
-    FP::FpControl& Control() { return *control_; }
+    FP::FpAdapter& Adapter() { return stack_->Adapter(); }
+    FP::FpControl& Control() { return stack_->Control(); }
     // The unit's end, for writing bytes past the adapter.
     KT::CStreamSocket& UnitEnd() { return unitEnd_; }
     // Bytes the drain has read so far.
@@ -69,8 +67,7 @@ private:
     KT::CStreamSocket unitEnd_;
     KT::CStreamSocket panelEnd_;
     std::unique_ptr<Drain> drain_;
-    std::unique_ptr<FP::FpAdapter> adapter_;
-    std::unique_ptr<FP::FpControl> control_;
+    std::unique_ptr<FP::PanelStack> stack_;
 };
 
 }  // namespace fpbench

@@ -9,9 +9,9 @@
 
 #include "bench/BenchSupport.h"
 #include "fp/display/DisplayHw.h"
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "sim/PanelGrid.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"

@@ -1,8 +1,3 @@
 #pragma once
-
-namespace FP {
-
-// The library's version, "MAJOR.MINOR.PATCH", for about screens and logs.
-const char* GetLibraryVersion();
-
-}  // namespace FP
+// Moved to fp/core; kept so existing includes still build.
+#include "fp/core/Version.h"

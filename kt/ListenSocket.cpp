@@ -12,6 +12,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "kt/LinkAddress.h"
+
 namespace KT {
 
 CListenSocket::~CListenSocket() {
@@ -20,73 +22,83 @@ CListenSocket::~CListenSocket() {
 
 bool CListenSocket::Listen(const std::string& address) {
     Close();
-    auto colon = address.find(':');
-    if (colon == std::string::npos)
-        return false;
-    std::string kind = address.substr(0, colon);
-    std::string rest = address.substr(colon + 1);
-    if (kind == "tcp") {
-        auto last = rest.rfind(':');
-        if (last == std::string::npos)
-            return false;
-        std::string host = rest.substr(0, last);
-        char* end = nullptr;
-        long port = std::strtol(rest.c_str() + last + 1, &end, 10);
-        if (!end || *end || port < 0 || port > 65535)
-            return false;
-        addrinfo hints{};
-        hints.ai_family = AF_UNSPEC;
-        hints.ai_socktype = SOCK_STREAM;
-        hints.ai_flags = AI_PASSIVE;
-        addrinfo* res = nullptr;
-        std::string service = std::to_string(port);
-        if (::getaddrinfo(host.empty() ? nullptr : host.c_str(), service.c_str(), &hints, &res) !=
-            0)
-            return false;
-        for (addrinfo* ai = res; ai; ai = ai->ai_next) {
-            int fd = ::socket(ai->ai_family, ai->ai_socktype | SOCK_CLOEXEC, ai->ai_protocol);
-            if (fd < 0)
-                continue;
-            int one = 1;
-            ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &one, sizeof one);
-            if (::bind(fd, ai->ai_addr, ai->ai_addrlen) == 0 && ::listen(fd, 4) == 0) {
-                fd_ = fd;
-                break;
-            }
-            ::close(fd);
+    const CLinkAddress parsed(address);
+    if (!parsed.IsValid())
+        return Failed("bad address '" + address + "': " + parsed.GetError());
+    if (parsed.GetScheme() == CLinkAddress::SCHEME_TCP)
+        return ListenTcp(parsed.GetHost(), parsed.GetPort());
+    if (parsed.GetScheme() == CLinkAddress::SCHEME_UNIX)
+        return ListenUnix(parsed.GetPath());
+    return Failed("bad address '" + address + "': only tcp: and unix: can listen");
+}
+
+bool CListenSocket::ListenTcp(const std::string& host, unsigned short port) {
+    addrinfo hints{};
+    hints.ai_family = AF_UNSPEC;
+    hints.ai_socktype = SOCK_STREAM;
+    hints.ai_flags = AI_PASSIVE;
+    addrinfo* res = nullptr;
+    std::string service = std::to_string(port);
+    const int found =
+        ::getaddrinfo(host.empty() ? nullptr : host.c_str(), service.c_str(), &hints, &res);
+    if (found != 0)
+        return Failed("cannot resolve '" + host + "': " + ::gai_strerror(found));
+    int error = 0;
+    for (addrinfo* ai = res; ai; ai = ai->ai_next) {
+        int fd = ::socket(ai->ai_family, ai->ai_socktype | SOCK_CLOEXEC, ai->ai_protocol);
+        if (fd < 0) {
+            error = errno;
+            continue;
         }
-        ::freeaddrinfo(res);
-        if (fd_ < 0)
-            return false;
-        sockaddr_storage ss{};
-        socklen_t len = sizeof ss;
-        ::getsockname(fd_, reinterpret_cast<sockaddr*>(&ss), &len);
-        port_ = ntohs(ss.ss_family == AF_INET6 ? reinterpret_cast<sockaddr_in6*>(&ss)->sin6_port
-                                               : reinterpret_cast<sockaddr_in*>(&ss)->sin_port);
-        address_ = "tcp:" + host + ":" + std::to_string(port_);
-        return true;
-    }
-    if (kind == "unix") {
-        sockaddr_un addr{};
-        if (rest.empty() || rest.size() >= sizeof addr.sun_path)
-            return false;
-        addr.sun_family = AF_UNIX;
-        std::memcpy(addr.sun_path, rest.c_str(), rest.size() + 1);
-        ::unlink(rest.c_str());  // a stale socket file from an earlier run
-        int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        if (fd < 0)
-            return false;
-        if (::bind(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0 ||
-            ::listen(fd, 4) != 0) {
-            ::close(fd);
-            return false;
+        int one = 1;
+        ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &one, sizeof one);
+        if (::bind(fd, ai->ai_addr, ai->ai_addrlen) == 0 && ::listen(fd, 4) == 0) {
+            fd_ = fd;
+            break;
         }
-        fd_ = fd;
-        unixPath_ = rest;
-        address_ = address;
-        return true;
+        error = errno;
+        ::close(fd);
     }
+    ::freeaddrinfo(res);
+    if (fd_ < 0)
+        return Failed("cannot listen on " + CLinkAddress::Tcp(host, port), error);
+    sockaddr_storage ss{};
+    socklen_t len = sizeof ss;
+    ::getsockname(fd_, reinterpret_cast<sockaddr*>(&ss), &len);
+    port_ = ntohs(ss.ss_family == AF_INET6 ? reinterpret_cast<sockaddr_in6*>(&ss)->sin6_port
+                                           : reinterpret_cast<sockaddr_in*>(&ss)->sin_port);
+    address_ = CLinkAddress::Tcp(host, port_);
+    return true;
+}
+
+bool CListenSocket::ListenUnix(const std::string& path) {
+    sockaddr_un addr{};
+    if (path.size() >= sizeof addr.sun_path)
+        return Failed("socket path too long: '" + path + "'");
+    addr.sun_family = AF_UNIX;
+    std::memcpy(addr.sun_path, path.c_str(), path.size() + 1);
+    ::unlink(path.c_str());  // a stale socket file from an earlier run
+    int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (fd < 0)
+        return Failed("cannot create a socket", errno);
+    if (::bind(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0 || ::listen(fd, 4) != 0) {
+        const int error = errno;
+        ::close(fd);
+        return Failed("cannot listen on unix:" + path, error);
+    }
+    fd_ = fd;
+    unixPath_ = path;
+    address_ = "unix:" + path;
+    return true;
+}
+
+bool CListenSocket::Failed(const std::string& reason) {
+    lastError_ = reason;
     return false;
+}
+
+bool CListenSocket::Failed(const std::string& what, int error) {
+    return Failed(what + ": " + std::strerror(error));
 }
 
 bool CListenSocket::Accept(CStreamSocket& out, int timeoutMs) {

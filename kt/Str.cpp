@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <iomanip>
 #include <sstream>
+#include <type_traits>
 
 namespace KT {
 namespace Str {
@@ -49,33 +50,20 @@ bool BoolWord(const std::string& text, int& value) {
     return false;
 }
 
-template <class T>
-bool ToFloating(T& out, const std::string& text) {
-    std::istringstream in(text);
-    T v = 0;
-    if (!(in >> v))
-        v = 0;
-    out = v;
-    std::ostringstream back;
-    back << std::fixed << std::setprecision(6) << v;
-    if (back.str() == text)
-        return true;
-    int word;
-    if (BoolWord(text, word)) {
-        out = static_cast<T>(word);
-        return true;
-    }
-    return false;
-}
+}  // namespace
 
 template <class T>
-bool ToIntegral(T& out, const std::string& text) {
+bool ToNum(T& out, const std::string& text) {
     std::istringstream in(text);
     T v = 0;
     if (!(in >> v))
         v = 0;
     out = v;
+    // Only the exact text a value prints back as counts as that value, so a
+    // round trip through the engine never changes what the panel shows.
     std::ostringstream back;
+    if (std::is_floating_point<T>::value)
+        back << std::fixed << std::setprecision(6);
     back << v;
     if (back.str() == text)
         return true;
@@ -87,28 +75,11 @@ bool ToIntegral(T& out, const std::string& text) {
     return false;
 }
 
-}  // namespace
-
-template <>
-bool ToNum<double>(double& out, const std::string& text) {
-    return ToFloating(out, text);
-}
-template <>
-bool ToNum<float>(float& out, const std::string& text) {
-    return ToFloating(out, text);
-}
-template <>
-bool ToNum<int>(int& out, const std::string& text) {
-    return ToIntegral(out, text);
-}
-template <>
-bool ToNum<long>(long& out, const std::string& text) {
-    return ToIntegral(out, text);
-}
-template <>
-bool ToNum<unsigned int>(unsigned int& out, const std::string& text) {
-    return ToIntegral(out, text);
-}
+template bool ToNum<double>(double& out, const std::string& text);
+template bool ToNum<float>(float& out, const std::string& text);
+template bool ToNum<int>(int& out, const std::string& text);
+template bool ToNum<long>(long& out, const std::string& text);
+template bool ToNum<unsigned int>(unsigned int& out, const std::string& text);
 
 }  // namespace Str
 }  // namespace KT

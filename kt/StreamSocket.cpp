@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "kt/LinkAddress.h"
 #include "kt/Thread.h"
 
 namespace KT {
@@ -39,7 +40,7 @@ CStreamSocket::~CStreamSocket() {
 bool CStreamSocket::Attach(int fd) {
     Close();
     if (fd < 0)
-        return false;
+        return Failed("no descriptor to attach");
     struct stat st {};
     isSocket_ = ::fstat(fd, &st) == 0 && S_ISSOCK(st.st_mode);
     fd_ = fd;
@@ -62,37 +63,31 @@ bool CStreamSocket::CreatePair(CStreamSocket& a, CStreamSocket& b) {
 }
 
 bool CStreamSocket::Open(const std::string& address) {
-    auto colon = address.find(':');
-    if (colon == std::string::npos)
-        return false;
-    std::string kind = address.substr(0, colon);
-    std::string rest = address.substr(colon + 1);
-    if (kind == "tcp") {
-        auto last = rest.rfind(':');
-        if (last == std::string::npos)
-            return false;
-        char* end = nullptr;
-        long port = std::strtol(rest.c_str() + last + 1, &end, 10);
-        if (!end || *end || port <= 0 || port > 65535)
-            return false;
-        return ConnectTcp(rest.substr(0, last), static_cast<unsigned short>(port));
+    const CLinkAddress parsed(address);
+    if (!parsed.IsValid())
+        return Failed("bad address '" + address + "': " + parsed.GetError());
+    switch (parsed.GetScheme()) {
+        case CLinkAddress::SCHEME_TCP:
+            if (parsed.GetPort() == 0)
+                return Failed("bad address '" + address + "': port 0 cannot be connected to");
+            return ConnectTcp(parsed.GetHost(), parsed.GetPort());
+        case CLinkAddress::SCHEME_UNIX:
+            return ConnectUnix(parsed.GetPath());
+        case CLinkAddress::SCHEME_SERIAL:
+            return OpenSerial(parsed.GetPath(), parsed.GetBaud());
+        case CLinkAddress::SCHEME_NONE:
+            break;
     }
-    if (kind == "unix")
-        return !rest.empty() && ConnectUnix(rest);
-    if (kind == "serial") {
-        unsigned int baud = 115200;
-        auto at = rest.find('@');
-        if (at != std::string::npos) {
-            char* end = nullptr;
-            unsigned long b = std::strtoul(rest.c_str() + at + 1, &end, 10);
-            if (!end || *end)
-                return false;
-            baud = static_cast<unsigned int>(b);
-            rest = rest.substr(0, at);
-        }
-        return !rest.empty() && OpenSerial(rest, baud);
-    }
+    return Failed("bad address '" + address + "'");
+}
+
+bool CStreamSocket::Failed(const std::string& reason) {
+    lastError_ = reason;
     return false;
+}
+
+bool CStreamSocket::Failed(const std::string& what, int error) {
+    return Failed(what + ": " + std::strerror(error));
 }
 
 bool CStreamSocket::ConnectTcp(const std::string& host, unsigned short port) {
@@ -101,21 +96,27 @@ bool CStreamSocket::ConnectTcp(const std::string& host, unsigned short port) {
     hints.ai_socktype = SOCK_STREAM;
     addrinfo* res = nullptr;
     std::string service = std::to_string(port);
-    if (::getaddrinfo(host.c_str(), service.c_str(), &hints, &res) != 0)
-        return false;
+    const std::string where = CLinkAddress::Tcp(host, port);
+    const int found = ::getaddrinfo(host.c_str(), service.c_str(), &hints, &res);
+    if (found != 0)
+        return Failed("cannot resolve '" + host + "': " + ::gai_strerror(found));
     int fd = -1;
+    int error = 0;
     for (addrinfo* ai = res; ai; ai = ai->ai_next) {
         fd = ::socket(ai->ai_family, ai->ai_socktype | SOCK_CLOEXEC, ai->ai_protocol);
-        if (fd < 0)
+        if (fd < 0) {
+            error = errno;
             continue;
+        }
         if (::connect(fd, ai->ai_addr, ai->ai_addrlen) == 0)
             break;
+        error = errno;
         ::close(fd);
         fd = -1;
     }
     ::freeaddrinfo(res);
     if (fd < 0)
-        return false;
+        return Failed("cannot connect to " + where, error);
     int one = 1;
     ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &one, sizeof one);  // frames are small
     return Attach(fd);
@@ -124,15 +125,16 @@ bool CStreamSocket::ConnectTcp(const std::string& host, unsigned short port) {
 bool CStreamSocket::ConnectUnix(const std::string& path) {
     sockaddr_un addr{};
     if (path.size() >= sizeof addr.sun_path)
-        return false;
+        return Failed("socket path too long: '" + path + "'");
     addr.sun_family = AF_UNIX;
     std::memcpy(addr.sun_path, path.c_str(), path.size() + 1);
     int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (fd < 0)
-        return false;
+        return Failed("cannot create a socket", errno);
     if (::connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0) {
+        const int error = errno;
         ::close(fd);
-        return false;
+        return Failed("cannot connect to unix:" + path, error);
     }
     return Attach(fd);
 }
@@ -163,14 +165,15 @@ bool CStreamSocket::ParseBaud(unsigned int baud, unsigned int& speed) {
 bool CStreamSocket::OpenSerial(const std::string& device, unsigned int baud) {
     unsigned int speed = 0;
     if (!ParseBaud(baud, speed))
-        return false;
+        return Failed("unsupported baud rate '" + std::to_string(baud) + "'");
     int fd = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     if (fd < 0)
-        return false;
+        return Failed("cannot open " + device, errno);
     termios tio{};
     if (::tcgetattr(fd, &tio) != 0) {
+        const int error = errno;
         ::close(fd);
-        return false;
+        return Failed(device + " is not a serial line", error);
     }
     ::cfmakeraw(&tio);
     tio.c_cflag |= CLOCAL | CREAD;
@@ -179,8 +182,9 @@ bool CStreamSocket::OpenSerial(const std::string& device, unsigned int baud) {
     tio.c_cc[VTIME] = 0;
     if (::cfsetispeed(&tio, speed) != 0 || ::cfsetospeed(&tio, speed) != 0 ||
         ::tcsetattr(fd, TCSANOW, &tio) != 0) {
+        const int error = errno;
         ::close(fd);
-        return false;
+        return Failed("cannot set up " + device, error);
     }
     return Attach(fd);
 }

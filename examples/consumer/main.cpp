@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "fp/Version.h"
+#include "fp/core/Version.h"
 #include "fp/link/FpAdapter.h"
 #include "fp/link/FpControl.h"
 #include "kt/IpAddress.h"

@@ -2,21 +2,10 @@
 
 #include <cstdlib>
 
+#include "kt/LinkAddress.h"
 #include "tools/panel/PanelOptions.h"
 
 namespace FPDEMO {
-
-namespace {
-
-bool ValidPanel(const std::string& a) {
-    for (const char* scheme : {"tcp:", "unix:", "serial:"})
-        if (a.compare(0, std::string(scheme).size(), scheme) == 0 &&
-            a.size() > std::string(scheme).size())
-            return true;
-    return false;
-}
-
-}  // namespace
 
 std::string DemoOptions::StateDir() {
     const char* xdg = std::getenv("XDG_STATE_HOME");
@@ -46,9 +35,10 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
         } else if (name == "--panel") {
             if (!value(out.panel))
                 return PARSE_ERROR;
-            if (!ValidPanel(out.panel)) {
-                error = "bad panel address '" + out.panel +
-                        "' (tcp:HOST:PORT, unix:PATH or serial:DEVICE[@BAUD])";
+            const KT::CLinkAddress parsed(out.panel);
+            if (!parsed.IsValid()) {
+                error = "bad panel address '" + out.panel + "': " + parsed.GetError() +
+                        " (tcp:HOST:PORT, unix:PATH or serial:DEVICE[@BAUD])";
                 return PARSE_ERROR;
             }
         } else if (name == "--db") {

@@ -5,21 +5,11 @@
 namespace FPDEMO {
 
 PanelLink::PanelLink(std::unique_ptr<KT::CStreamSocket> socket, unsigned width, unsigned height)
-    : socket_(std::move(socket)) {
-    adapter_.reset(new FP::FpAdapter(*socket_));
-    control_.reset(new FP::FpControl(*adapter_));
-    keypad_.reset(new FP::Keypad(*control_));
-    display_.reset(new FP::DisplayHw(*control_, width, height));
-}
+    : socket_(std::move(socket)), stack_(new FP::PanelStack(*socket_, width, height)) {}
 
 PanelLink::~PanelLink() {
-    // Stop key delivery first, then the read thread that feeds everything.
-    keypad_->SetCallback(nullptr);
-    control_->ClearInitHandler();
-    display_.reset();
-    keypad_.reset();
-    adapter_.reset();
-    control_.reset();
+    // The stack borrows the socket.
+    stack_.reset();
     socket_.reset();
 }
 
@@ -33,9 +23,7 @@ bool PanelLink::PeerGone() const {
 }
 
 bool PanelLink::RoundTrip(unsigned timeoutMs) {
-    return !adapter_
-                ->SendRequest(FP::FpControl::OP_DISPLAY_TYPE, FP::IFpAdapter::Payload(), timeoutMs)
-                .Empty();
+    return stack_->RoundTrip(timeoutMs);
 }
 
 }  // namespace FPDEMO

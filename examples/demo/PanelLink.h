@@ -3,10 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "fp/display/DisplayHw.h"
-#include "fp/input/Keypad.h"
-#include "fp/link/FpAdapter.h"
-#include "fp/link/FpControl.h"
+#include "fp/panel/PanelStack.h"
 #include "kt/StreamSocket.h"
 
 namespace FPDEMO {
@@ -22,10 +19,10 @@ public:
     PanelLink(const PanelLink&) = delete;
     PanelLink& operator=(const PanelLink&) = delete;
 
-    FP::FpAdapter& Adapter() { return *adapter_; }
-    FP::FpControl& Control() { return *control_; }
-    FP::Keypad& Keypad() { return *keypad_; }
-    FP::DisplayHw& Display() { return *display_; }
+    FP::FpAdapter& Adapter() { return stack_->Adapter(); }
+    FP::FpControl& Control() { return stack_->Control(); }
+    FP::Keypad& Keypad() { return stack_->Keypad(); }
+    FP::DisplayHw& Display() { return stack_->Display(); }
 
     // True once the other end has hung up or the socket failed. Does not
     // consume anything the read thread is waiting for.
@@ -36,10 +33,7 @@ public:
 
 private:
     std::unique_ptr<KT::CStreamSocket> socket_;
-    std::unique_ptr<FP::FpAdapter> adapter_;
-    std::unique_ptr<FP::FpControl> control_;
-    std::unique_ptr<FP::Keypad> keypad_;
-    std::unique_ptr<FP::DisplayHw> display_;
+    std::unique_ptr<FP::PanelStack> stack_;
 };
 
 }  // namespace FPDEMO

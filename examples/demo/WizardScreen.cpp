@@ -5,7 +5,7 @@
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/ScreenNames.h"
 #include "fp/menu/BaseLine.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "tov/Txn.h"
 
 namespace FPDEMO {

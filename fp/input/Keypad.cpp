@@ -45,7 +45,7 @@ void Keypad::SetQuiesce(bool quiesce) {
         return;
     queue_.Flush();
     // A key held across a quiet period must be pressed again afterwards.
-    std::lock_guard<std::mutex> lock(stateMutex_);
+    KT::CMutexLock lock(stateMutex_);
     holdActive_ = false;
     holdKey_ = KEY_NONE;
     holdStart_ = 0;
@@ -64,7 +64,7 @@ void Keypad::HandleKeyPress(KeyState_t event) {
     const uint32_t now = tick_();
     bool report;
     {
-        std::lock_guard<std::mutex> lock(stateMutex_);
+        KT::CMutexLock lock(stateMutex_);
         report = UpdateKeyState(event, now);
     }
 
@@ -108,7 +108,7 @@ void Keypad::RunOnce(unsigned int waitMs) {
     Key_e repeat;
     uint32_t now;
     {
-        std::lock_guard<std::mutex> lock(stateMutex_);
+        KT::CMutexLock lock(stateMutex_);
         if (keyStates_[holdKey_] != KEY_STATE_DOWN)
             return;
         now = tick_();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "fp/core/KeyTypes.h"
 #include "fp/display/Display.h"
 #include "fp/menu/Cursor.h"
 

@@ -6,11 +6,11 @@
 #include <limits>
 #include <stdexcept>
 
+#include "fp/client/FpClient.h"
 #include "fp/core/Names.h"
 #include "fp/lines/internal/EditFlow.h"
 #include "fp/lines/internal/RowWriter.h"
 #include "fp/menu/internal/EditCursor.h"
-#include "fp/screens/FpClient.h"
 #include "kt/Str.h"
 
 namespace FP {

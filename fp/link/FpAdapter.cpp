@@ -1,7 +1,5 @@
 #include "fp/link/FpAdapter.h"
 
-#include <mutex>
-
 #include <log4cpp/Category.hh>
 #include <log4cpp/CategoryStream.hh>
 
@@ -29,7 +27,7 @@ bool FpAdapter::IsFrameByte(unsigned char byte) {
 }
 
 void FpAdapter::SetResponseHandler(unsigned char op, Handler const& handler) {
-    std::lock_guard<std::mutex> lock(handlersMutex_);
+    KT::CMutexLock lock(handlersMutex_);
     handlers_[op] = handler;
 }
 
@@ -125,7 +123,7 @@ void FpAdapter::ProcessResponse(Payload const& frame) {
     }
     Handler handler;
     {
-        std::lock_guard<std::mutex> lock(handlersMutex_);
+        KT::CMutexLock lock(handlersMutex_);
         auto it = handlers_.find(op);
         if (it == handlers_.end())
             return;

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <deque>
 #include <map>
-#include <mutex>
 #include <utility>
 
 #include "fp/link/IFpAdapter.h"
@@ -20,22 +19,31 @@ class Category;
 
 namespace FP {
 
-// The framed link to the panel controller over a stream socket. A read thread,
-// started by the constructor, cuts incoming bytes into frames, completes the
-// oldest pending request whose operation matches and hands every other frame
-// to the handler registered for its operation.
+/// The framed link to the panel controller over a stream socket. A read thread,
+/// started by the constructor, cuts incoming bytes into frames, completes the
+/// oldest pending request whose operation matches and hands every other frame
+/// to the handler registered for its operation.
+/// Threads: Send* and SetResponseHandler from any thread; handlers run on the
+/// read thread ("TOV-FpAdapter"), never with a lock of the adapter held.
+/// Owns: the read thread, started here and cancelled by the destructor, before
+/// which whatever the handlers call must stay alive.
+/// Borrows: the socket (must outlive this object).
 class FpAdapter : public IFpAdapter {
 public:
+    /// Byte that opens a frame.
     static constexpr unsigned char kFrameStart = 0x09;
+    /// Byte that marks the next one as escaped.
     static constexpr unsigned char kFrameEscape = 0x7D;
+    /// Byte that closes a frame.
     static constexpr unsigned char kFrameEnd = 0x7E;
+    /// An escaped byte is sent XORed with this.
     static constexpr unsigned char kEscapeXor = 0x20;
-    // Size of the buffers frames are built and collected in, both ways.
+    /// Size of the buffers frames are built and collected in, both ways.
     static constexpr size_t kFrameBufferSize = 512;
-    // Room left for the escaped payload once start, op and end are in.
+    /// Room left for the escaped payload once start, op and end are in.
     static constexpr size_t kMaxEscapedPayload = kFrameBufferSize - 3;
 
-    // The socket is the application's; it must outlive the adapter.
+    /// The socket is the application's; it must outlive the adapter.
     explicit FpAdapter(KT::CStreamSocket& socket);
     ~FpAdapter() override;
     FpAdapter(const FpAdapter&) = delete;
@@ -46,21 +54,22 @@ public:
     Payload SendRequest(unsigned char op, Payload const& payload) override;
     Payload SendRequest(unsigned char op, Payload const& payload, unsigned int timeoutMs) override;
 
-    // Queues a pending request and writes its frame as one step, so the read
-    // thread cannot see the answer before the request is queued. False when the
-    // frame could not be written; the request is then not left queued.
+    /// Queues a pending request and writes its frame as one step, so the read
+    /// thread cannot see the answer before the request is queued. False when the
+    /// frame could not be written; the request is then not left queued.
     bool SendRequestCommand(unsigned char op, Payload const& payload);
-    // Takes the oldest pending request's answer (empty when none arrived).
+    /// Takes the oldest pending request's answer (empty when none arrived).
     Payload ReceiveRequestResponse(unsigned char op);
-    // Dispatches one complete frame: operation byte followed by its payload.
+    /// Dispatches one complete frame: operation byte followed by its payload.
     void ProcessResponse(Payload const& frame);
-    // The read thread's body: false once the socket failed.
+    /// The read thread's body: false once the socket failed.
     bool ReadThreadLoop();
-    // Feeds bytes of one socket read to the frame parser, which keeps its state
-    // between calls. True when no frame is open afterwards. Logged indices of
-    // stray bytes are positions within this chunk.
+    /// Feeds bytes of one socket read to the frame parser, which keeps its state
+    /// between calls. True when no frame is open afterwards. Logged indices of
+    /// stray bytes are positions within this chunk.
     bool ReceiveBytes(const unsigned char* data, size_t length);
 
+    /// True for the bytes that must be escaped inside a frame.
     static bool IsFrameByte(unsigned char byte);
 
 private:
@@ -75,7 +84,7 @@ private:
     std::map<unsigned char, Handler> handlers_;
     // Handlers may be installed while frames flow (a subscription made at run
     // time); the read thread copies the handler out under this lock.
-    std::mutex handlersMutex_;
+    KT::CMutex handlersMutex_;
     std::deque<std::pair<unsigned char, Payload>> pending_;
     // Answers arrive in request order, so the answered entries are always the
     // first ones of the queue; this counts them.

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <mutex>
 
 namespace FP {
 
@@ -134,7 +135,7 @@ void FpControl::SubscribeToStatusUpdates(unsigned char interval, bool temperatur
     unsigned char mask = 0;
     if (!fans.empty()) {
         {
-            std::lock_guard<std::mutex> lock(listenersMutex_);
+            KT::CMutexLock lock(listenersMutex_);
             fanListeners_.Append(onFanSpeed);
         }
         for (Fan_e fan : fans) {
@@ -161,7 +162,7 @@ void FpControl::SubscribeToStatusUpdates(unsigned char interval, bool temperatur
     }
     if (temperature) {
         {
-            std::lock_guard<std::mutex> lock(listenersMutex_);
+            KT::CMutexLock lock(listenersMutex_);
             temperatureListeners_.Append(onTemperature);
         }
         mask |= 0x01;
@@ -183,7 +184,7 @@ template <class List, class... Args>
 void FpControl::Deliver(const List& listeners, Args... args) {
     List copy;
     {
-        std::lock_guard<std::mutex> lock(listenersMutex_);
+        KT::CMutexLock lock(listenersMutex_);
         if (listeners.Empty())
             return;
         copy = listeners;
@@ -193,7 +194,7 @@ void FpControl::Deliver(const List& listeners, Args... args) {
     copy(args...);
     // Notified under the lock: a waiter may destroy this object as soon as it
     // sees the count drop.
-    std::lock_guard<std::mutex> lock(listenersMutex_);
+    KT::CMutexLock lock(listenersMutex_);
     if (--calls_ == 0) {
         caller_ = std::thread::id();
         idle_.notify_all();
@@ -202,7 +203,7 @@ void FpControl::Deliver(const List& listeners, Args... args) {
 
 template <class List>
 void FpControl::ClearListeners(List& listeners) {
-    std::unique_lock<std::mutex> lock(listenersMutex_);
+    std::unique_lock<KT::CMutex> lock(listenersMutex_);
     listeners.Clear();
     if (calls_ > 0 && caller_ == std::this_thread::get_id())
         return;
@@ -211,7 +212,7 @@ void FpControl::ClearListeners(List& listeners) {
 
 void FpControl::SetKeyPressHandler(KeyDelegate handler) {
     {
-        std::lock_guard<std::mutex> lock(listenersMutex_);
+        KT::CMutexLock lock(listenersMutex_);
         keyListeners_.InsertFront(handler);
     }
     adapter_.SetResponseHandler(OP_KEY, IFpAdapter::Handler(this, &FpControl::HandleKeyPress));
@@ -223,7 +224,7 @@ void FpControl::ClearKeyPressHandler() {
 
 void FpControl::SetInitHandler(InitDelegate handler) {
     {
-        std::lock_guard<std::mutex> lock(listenersMutex_);
+        KT::CMutexLock lock(listenersMutex_);
         initListeners_.InsertFront(handler);
     }
     adapter_.SetResponseHandler(OP_INIT, IFpAdapter::Handler(this, &FpControl::HandleFpInit));

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "fp/client/FpClient.h"
 #include "fp/menu/internal/EditCursor.h"
-#include "fp/screens/FpClient.h"
 
 namespace FP {
 

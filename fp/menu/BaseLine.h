@@ -4,7 +4,7 @@
 #include <string>
 
 #include "fp/display/Display.h"
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "fp/menu/Cursor.h"
 
 namespace FP {

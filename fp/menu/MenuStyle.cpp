@@ -2,7 +2,7 @@
 
 #include "fp/core/Names.h"
 #include "fp/display/Display.h"
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FP {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "fp/menu/Cursor.h"
 #include "fp/menu/LineContainer.h"
 #include "fp/menu/MenuTypes.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "kt/Functor.h"
 #include "tov/Ret.h"
 

@@ -1,6 +1,6 @@
 #include "fp/screens/BaseEventScreen.h"
 
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 
 namespace FP {
 

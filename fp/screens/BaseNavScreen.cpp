@@ -1,7 +1,7 @@
 #include "fp/screens/BaseNavScreen.h"
 
 #include "fp/core/Names.h"
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 
 namespace FP {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "fp/menu/MenuStyleBasic.h"
 
 namespace KT {

@@ -2,13 +2,14 @@
 
 #include <cmath>
 
+#include "fp/client/FpClient.h"
 #include "fp/lines/ChoiceLine.h"
-#include "fp/lines/DisplayLine.h"
 #include "fp/lines/EngineNumberLine.h"
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
 #include "fp/lines/NumberLine.h"
 #include "fp/lines/ScrollLine.h"
+#include "fp/menu/DisplayLine.h"
 #include "fp/screens/internal/BoundRows.h"
 
 namespace FP {

@@ -3,10 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "fp/display/DisplayHw.h"
-#include "fp/input/Keypad.h"
-#include "fp/link/FpAdapter.h"
-#include "fp/link/FpControl.h"
+#include "fp/panel/PanelStack.h"
 #include "kt/StreamSocket.h"
 #include "sim/PanelSim.h"
 
@@ -34,10 +31,10 @@ public:
     PanelHarness& operator=(const PanelHarness&) = delete;
 
     FPSIM::PanelSim& Sim() { return *sim_; }
-    FP::FpAdapter& Adapter() { return *adapter_; }
-    FP::FpControl& Control() { return *control_; }
-    FP::DisplayHw& Display() { return *display_; }
-    FP::Keypad& Keypad() { return *keypad_; }
+    FP::FpAdapter& Adapter() { return stack_->Adapter(); }
+    FP::FpControl& Control() { return stack_->Control(); }
+    FP::DisplayHw& Display() { return stack_->Display(); }
+    FP::Keypad& Keypad() { return stack_->Keypad(); }
 
     void StartKeypad();
 
@@ -52,10 +49,7 @@ private:
     KT::CStreamSocket unitEnd_;
     KT::CStreamSocket panelEnd_;
     std::unique_ptr<FPSIM::PanelSim> sim_;
-    std::unique_ptr<FP::FpAdapter> adapter_;
-    std::unique_ptr<FP::FpControl> control_;
-    std::unique_ptr<FP::DisplayHw> display_;
-    std::unique_ptr<FP::Keypad> keypad_;
+    std::unique_ptr<FP::PanelStack> stack_;
 };
 
 }  // namespace fptest

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "tools/panel/HeadlessCommand.h"
 #include "tools/panel/HeldKeyTracker.h"
 #include "tools/panel/KeyMap.h"

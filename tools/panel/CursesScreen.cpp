@@ -6,7 +6,7 @@
 #include <clocale>
 #include <cstring>
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 #include "tools/panel/KeyMap.h"
 #include "tools/panel/PanelText.h"
 

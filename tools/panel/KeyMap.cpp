@@ -1,6 +1,6 @@
 #include "tools/panel/KeyMap.h"
 
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 
 namespace {
 

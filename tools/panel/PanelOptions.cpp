@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "kt/LinkAddress.h"
 #include "sim/PanelGrid.h"
 
 namespace FPPANEL {
@@ -22,14 +23,11 @@ bool ParseLong(const std::string& text, long min, long max, long& out) {
     return true;
 }
 
+// The emulator listens, so a serial line is no use here.
 bool ValidAddress(const std::string& a) {
-    if (a.compare(0, 5, "unix:") == 0)
-        return a.size() > 5;
-    if (a.compare(0, 4, "tcp:") != 0)
-        return false;
-    const size_t colon = a.rfind(':');
-    long port;
-    return colon > 4 && ParseLong(a.substr(colon + 1), 0, 65535, port);
+    const KT::CLinkAddress parsed(a);
+    return parsed.GetScheme() == KT::CLinkAddress::SCHEME_TCP ||
+           parsed.GetScheme() == KT::CLinkAddress::SCHEME_UNIX;
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 #include "fp/menu/LineContainer.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "fp/lines/ListLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "fp/menu/WizardManager.h"
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"

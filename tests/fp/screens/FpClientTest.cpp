@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 #include "tests/support/LogCapture.h"
 
 using namespace TOV;

@@ -1,4 +1,4 @@
-#include "fp/lines/DisplayLine.h"
+#include "fp/menu/DisplayLine.h"
 
 #include <utility>
 

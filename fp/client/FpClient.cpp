@@ -1,4 +1,4 @@
-#include "fp/screens/FpClient.h"
+#include "fp/client/FpClient.h"
 
 #include <cstdio>
 #include <log4cpp/Category.hh>

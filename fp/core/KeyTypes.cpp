@@ -1,4 +1,4 @@
-#include "fp/input/KeyTypes.h"
+#include "fp/core/KeyTypes.h"
 
 namespace FP {
 

@@ -1,4 +1,4 @@
-#include "fp/Version.h"
+#include "fp/core/Version.h"
 
 namespace FP {
 

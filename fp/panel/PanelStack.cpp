@@ -1,0 +1,34 @@
+#include "fp/panel/PanelStack.h"
+
+namespace FP {
+
+PanelStack::PanelStack(KT::CStreamSocket& socket, unsigned width, unsigned height)
+    : PanelStack(socket, width, height, Options()) {}
+
+PanelStack::PanelStack(KT::CStreamSocket& socket, unsigned width, unsigned height,
+                       const Options& options)
+    : adapter_(new FpAdapter(socket)),
+      control_(new FpControl(*adapter_)),
+      keypad_(new FP::Keypad(*control_)),
+      display_(new DisplayHw(*control_, width, height)) {
+    if (options.startKeypad)
+        keypad_->StartThreads();
+}
+
+PanelStack::~PanelStack() {
+    // Silence the application first: frames keep arriving until the adapter
+    // is gone, and they must not reach listeners that are being destroyed.
+    keypad_->SetCallback(nullptr);
+    control_->ClearInitHandler();
+    display_.reset();
+    keypad_.reset();
+    adapter_.reset();
+    control_.reset();
+}
+
+bool PanelStack::RoundTrip(unsigned timeoutMs) {
+    return !adapter_->SendRequest(FpControl::OP_DISPLAY_TYPE, IFpAdapter::Payload(), timeoutMs)
+                .Empty();
+}
+
+}  // namespace FP

@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include "fp/panel/PanelStack.h"
+#include "kt/StreamSocket.h"
+#include "sim/PanelSim.h"
+
+namespace {
+
+// Counts what reaches the application; `closed` marks the stack as gone, after
+// which any call is a fault.
+struct Listener : FP::IKeyPress {
+    void OnKeyPress(FP::Key_e key) override {
+        std::lock_guard<std::mutex> lock(mutex);
+        lastKey = key;
+        ++keys;
+        lateCalls += closed ? 1 : 0;
+        cond.notify_all();
+    }
+    void OnInit() {
+        std::lock_guard<std::mutex> lock(mutex);
+        ++inits;
+        lateCalls += closed ? 1 : 0;
+    }
+    bool WaitForKey(FP::Key_e key) {
+        std::unique_lock<std::mutex> lock(mutex);
+        return cond.wait_for(lock, std::chrono::seconds(5), [&] { return lastKey == key; });
+    }
+    std::mutex mutex;
+    std::condition_variable cond;
+    FP::Key_e lastKey = FP::KEY_NONE;
+    unsigned keys = 0, inits = 0, lateCalls = 0;
+    bool closed = false;
+};
+
+struct Ends {
+    Ends() { EXPECT_TRUE(KT::CStreamSocket::CreatePair(unit, panel)); }
+    KT::CStreamSocket unit, panel;
+};
+
+TEST(PanelStack, ClearsThePanelOnceAndDeliversKeysWhenAskedToStartTheKeypad) {
+    Ends ends;
+    FPSIM::PanelSim sim(ends.panel);
+    FP::PanelStack::Options options;
+    options.startKeypad = true;
+    FP::PanelStack stack(ends.unit, 16, 2, options);
+    Listener listener;
+    stack.Keypad().SetCallback(&listener);
+    ASSERT_TRUE(sim.Start());
+
+    ASSERT_TRUE(stack.RoundTrip(2000));
+    const FPSIM::PanelState_t state = sim.Snapshot();
+    EXPECT_EQ(state.counters.framesByOp[FP::FpControl::OP_CLEAR_DISPLAY], 1u);
+    EXPECT_EQ(state.counters.badFrames, 0u);
+
+    ASSERT_TRUE(sim.Press(FP::KEY_ENTER));
+    EXPECT_TRUE(listener.WaitForKey(FP::KEY_ENTER));
+    sim.Stop();
+}
+
+TEST(PanelStack, RoundTripFailsWhenThePanelIsSilent) {
+    Ends ends;
+    FP::PanelStack stack(ends.unit, 20, 4);
+    EXPECT_FALSE(stack.RoundTrip(50));
+}
+
+// Keys and start-up reports keep arriving while the stack is torn down: the
+// teardown must finish, and nothing may reach the application afterwards.
+TEST(PanelStack, TeardownUnderTrafficCallsNoListenerAfterwards) {
+    for (int round = 0; round < 10; ++round) {
+        Ends ends;
+        FPSIM::PanelSim sim(ends.panel);
+        ASSERT_TRUE(sim.Start());
+        Listener listener;
+        std::atomic<bool> stop{false};
+        std::atomic<unsigned> sent{0};
+        std::thread storm;
+        {
+            FP::PanelStack::Options options;
+            options.startKeypad = true;
+            FP::PanelStack stack(ends.unit, 20, 4, options);
+            stack.Keypad().SetCallback(&listener);
+            stack.Control().SetInitHandler(
+                FP::FpControl::InitDelegate([&listener] { listener.OnInit(); }));
+            storm = std::thread([&] {
+                while (!stop.load()) {
+                    sim.Press(static_cast<uint8_t>(FP::KEY_UP));
+                    sim.SendFrame(FP::FpControl::OP_INIT, {});
+                    sent.fetch_add(1);
+                }
+            });
+            // Let some traffic through before tearing down mid-stream.
+            const unsigned start = sent.load();
+            while (sent.load() < start + 20)
+                std::this_thread::yield();
+        }
+        {
+            std::lock_guard<std::mutex> lock(listener.mutex);
+            listener.closed = true;
+        }
+        // Nobody reads the unit's end any more: closing it fails the storm's
+        // next write instead of leaving it blocked on a full socket.
+        stop.store(true);
+        ends.unit.Close();
+        storm.join();
+        sim.Stop();
+        EXPECT_EQ(listener.lateCalls, 0u) << "round " << round;
+    }
+}
+
+}  // namespace
