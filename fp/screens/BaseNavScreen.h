@@ -10,7 +10,7 @@ namespace FP {
 class BaseLine;
 
 /// One entry of a navigation screen: its row and the screen it leads to.
-/// Owned by the navigation screen that made it.
+/// Owned by the navigation screen that made it. Threads: those of that screen.
 struct NavigationMenu_t {
     BaseLine* line;      ///< the row; the menu owns it once SetupMenu ran
     std::string screen;  ///< name of the screen enter on the row answers
