@@ -26,8 +26,7 @@ public:
 
     /// The display the cursor draws into. Borrowed.
     void SetDisplay(Display* d) { display = d; }
-    /// How the cursor moves and draws: menu selection, scrolling view or the
-    /// character cursor of an edited value.
+    /// How the cursor moves and draws (see CursorType_e).
     ///@{
     void SetCursorType(CursorType_e type) { cursorType = type; }
     CursorType_e GetCursorType() const { return cursorType; }
