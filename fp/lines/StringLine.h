@@ -15,7 +15,7 @@ namespace FP {
 class StringLine : public BaseLine {
 public:
     /// Alphabets that up and down cycle through: letters and digits, the
-    /// characters allowed in a host name, or every printable character.
+    /// characters allowed in a host name, or a wider printable set.
     enum CharacterSet_e : int32_t { AlphaNumeric = 1, Hostname = 2, AllChar = 3 };
 
     /// One position, alphanumeric.
