@@ -23,12 +23,12 @@ public:
     /// One change to deliver: the sink to call and the arguments of its
     /// HandleEvent.
     struct Event_t {
-        IManagedEventSink* sink = nullptr;
-        std::string name;
-        COid oid;
-        std::string user;
-        std::string value;
-        CParam param;
+        IManagedEventSink* sink = nullptr;  ///< borrowed; called with the rest
+        std::string name;                   ///< variable that changed
+        COid oid;                           ///< its instance
+        std::string user;                   ///< who made the change
+        std::string value;                  ///< the new value as text
+        CParam param;                       ///< old and new values as a tree
     };
 
     /// ownThread true delivers on the dispatcher's own thread; false leaves

@@ -24,10 +24,13 @@ public:
     /// address the same instance.
     std::string Instance() const;
 
-    /// Compare the texts, so ".0" and "0" are different identifiers here.
+    /// Compare the texts, so ".0" and "0" are different identifiers here;
+    /// the ordering lets identifiers key sorted containers.
+    ///@{
     bool operator==(const COid& o) const { return text_ == o.text_; }
     bool operator!=(const COid& o) const { return text_ != o.text_; }
     bool operator<(const COid& o) const { return text_ < o.text_; }
+    ///@}
 
 private:
     std::string text_;

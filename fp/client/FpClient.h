@@ -30,10 +30,10 @@ public:
     /// A write the engine turned down: what was written where, and the
     /// engine's reason.
     struct Refusal_t {
-        std::string name;
-        std::string instance;
-        std::string value;
-        std::string message;
+        std::string name;      ///< variable written
+        std::string instance;  ///< its instance
+        std::string value;     ///< the text that was refused
+        std::string message;   ///< the engine's reason
     };
     /// Told about each refused write. Threads: runs on the thread that wrote.
     using RefusalListener = std::function<void(const Refusal_t&)>;

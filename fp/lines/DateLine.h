@@ -11,7 +11,7 @@ namespace FP {
 /// between year, month and day, up and down step the field with wrap-around,
 /// enter commits. The line writes nothing back; its owner
 /// picks the committed fields up through the getters.
-//
+///
 /// Abstract on purpose: the by-value SetCurrentValue below does not override
 /// the base's, so a subclass must say how a date arrives as text.
 /// Threads and ownership: as BaseLine (borrows the display and the client).
@@ -27,32 +27,46 @@ public:
     /// exit leaves the working fields as they are.
     bool KeyPress(const KeyState_t& key) override;
     /// Step the field under the cursor, wrapping at its range.
+    ///@{
     void KeyUp() override;
     void KeyDown() override;
+    ///@}
     /// Jump to the previous or next field.
+    ///@{
     void KeyLeft() override;
     void KeyRight() override;
+    ///@}
     /// The committed text, also while editing.
     std::string GetCurrentString() const override { return fields.CurString(); }
     /// Caption and text; while editing the field under the cursor is reversed.
     void DrawLine(int row) override;
+    /// DrawLine marks the edited field itself; there is no separate cursor.
+    ///@{
     void DrawCursor(int /*row*/) override {}
     void EraseCursor(int /*row*/) override {}
+    ///@}
 
+    /// The committed year, month and day.
+    ///@{
     int GetYear() const { return fields.Committed(0); }
     int GetMonth() const { return fields.Committed(1); }
     int GetDay() const { return fields.Committed(2); }
+    ///@}
     /// Out-of-range values are ignored. Only the committed field changes;
     /// the texts are rebuilt by the next step or commit.
+    ///@{
     void SetYear(int year);
     void SetMonth(int month);
     void SetDay(int day);
+    ///@}
     /// The working text.
     const std::string& GetEditString() const { return fields.TempString(); }
 
     /// Rebuild the committed or the working text from its fields.
+    ///@{
     void UpdateCurString() { fields.UpdateCurString(); }
     void UpdateTempString() { fields.UpdateTempString(); }
+    ///@}
 
     /// By value on purpose: hiding the base's text setter keeps this class abstract.
 #pragma GCC diagnostic push

@@ -7,9 +7,13 @@
 
 namespace FP {
 
-// Reads the "YYYY/MM/DD" text of a date variable into the fields.
+/// How EngineDateLine turns a stored "YYYY/MM/DD" text into its fields.
+/// Threads: any; it holds no state.
 struct EngineDateFormat {
+    /// Splits text into year, month and day; false unless it names a day
+    /// that exists.
     static bool Parse(const std::string& text, int fields[3]);
+    /// Puts the fields into line; false when the line's ranges refused one.
     static bool Set(DateLine& line, const int fields[3]);
 };
 

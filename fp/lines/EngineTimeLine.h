@@ -7,9 +7,13 @@
 
 namespace FP {
 
-// Reads the "HH:MM:SS" text of a time variable into the fields.
+/// How EngineTimeLine turns a stored "HH:MM:SS" text into its fields.
+/// Threads: any; it holds no state.
 struct EngineTimeFormat {
+    /// Splits text into hour, minute and second; false for anything that is
+    /// not a time of day.
     static bool Parse(const std::string& text, int fields[3]);
+    /// Puts the fields into line; false when the line's ranges refused one.
     static bool Set(TimeLine& line, const int fields[3]);
 };
 

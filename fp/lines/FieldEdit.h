@@ -15,13 +15,14 @@ namespace FP {
 /// Threads: those of the line that holds it. Owns: its fields and texts.
 class FieldEdit {
 public:
+    /// What distinguishes one kind of field text from another.
     struct Layout_t {
-        const char* format;  // printf format of the three fields
-        int textLength;      // length of a well-formed text
-        int bottom[3];       // field ranges, inclusive
-        int top[3];
-        int start[3];  // field positions in a well-formed text
-        int length[3];
+        const char* format;  ///< printf format of the three fields
+        int textLength;      ///< length of a well-formed text
+        int bottom[3];       ///< lowest value of each field
+        int top[3];          ///< highest value of each field
+        int start[3];        ///< where each field begins in the text
+        int length[3];       ///< characters each field takes in the text
     };
 
     /// No range check: the fields are taken as given.
@@ -32,11 +33,15 @@ public:
     /// Out of range is ignored; the texts are not rebuilt.
     void SetCommitted(int field, int value);
     /// Committed and working texts.
+    ///@{
     const std::string& CurString() const { return curString; }
     const std::string& TempString() const { return tempString; }
+    ///@}
     /// Rebuild a text from its fields.
+    ///@{
     void UpdateCurString();
     void UpdateTempString();
+    ///@}
 
     /// The field a cursor index is in; a separator counts to the field after it.
     int Field(int index) const;

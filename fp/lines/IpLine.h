@@ -26,11 +26,15 @@ public:
     /// itself, without writing.
     bool KeyPress(const KeyState_t& key) override;
     /// Step the decimal digit under the cursor.
+    ///@{
     void KeyUp() override;
     void KeyDown() override;
+    ///@}
     /// Hold the address to its limits, then go to the previous or next digit.
+    ///@{
     void KeyLeft() override;
     void KeyRight() override;
+    ///@}
     using BaseLine::SetCurrentValue;
     /// Text that is not an address gives 0.0.0.0.
     bool SetCurrentValue(const std::string& s) override;
@@ -42,9 +46,11 @@ public:
     std::string GetCurrentString() const override;
     /// The shown text as an address.
     KT::CIpAddress GetCurrentIpString() const;
-    /// Reverses the digit under the edit cursor.
+    /// Reverses the digit under the edit cursor, or shows it plain again.
+    ///@{
     void DrawCursor(int row) override;
     void EraseCursor(int row) override;
+    ///@}
 
     /// Limits applied when the cursor moves (not on enter or typing).
     void SetMinMax(const std::string& min, const std::string& max);

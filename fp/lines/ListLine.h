@@ -48,8 +48,11 @@ public:
     /// Caption, then the item and suffix (reversed while editing), or "-"
     /// for an empty list.
     void DrawLine(int row) override;
+    /// DrawLine marks the choice itself; there is no separate cursor.
+    ///@{
     void DrawCursor(int /*line*/) override {}
     void EraseCursor(int /*line*/) override {}
+    ///@}
 
     /// Selects item index (0-based); false when out of range or skipped.
     virtual bool SetCurrentValue(int index);
@@ -67,22 +70,34 @@ public:
     /// The number of items the cursor walks.
     void SetNumItems(int n);
     /// Leaves item n (1-based) out of the walk, or puts it back.
+    ///@{
     void SetSkipItem(int n);
     void RemoveSkipItem(int n);
+    ///@}
     /// Visible position to item index, and back.
+    ///@{
     int GetItem(int visible) const;
     int GetIndex(int item) const;
+    ///@}
     /// The text of the key-map entry at the current index.
     std::string GetValue() const;
     /// Next and previous shown item, wrapping.
+    ///@{
     void KeyPressUp();
     void KeyPressDown();
+    ///@}
 
+    /// Number of items the cursor walks.
     int GetNumItems() const { return itemCount; }
+    /// Index of the item being chosen while editing.
     int GetEditIndex() const { return editIndex; }
+    /// Number of key-to-text entries loaded.
     size_t GetKeyMapSize() const { return keyMap.size(); }
+    /// Item texts and their keys, in the sorted order the line shows them.
+    ///@{
     const std::vector<std::string>& GetItemTexts() const { return itemTexts; }
     const std::vector<std::string>& GetItemKeys() const { return itemKeys; }
+    ///@}
 
 private:
     void SetupBase();

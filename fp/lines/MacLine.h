@@ -26,11 +26,15 @@ public:
     /// edit mode the arrows change the value itself, without writing.
     bool KeyPress(const KeyState_t& key) override;
     /// Step the hex digit under the cursor through 0-9 and A-F.
+    ///@{
     void KeyUp() override;
     void KeyDown() override;
+    ///@}
     /// Previous or next digit, skipping the colons.
+    ///@{
     void KeyLeft() override;
     void KeyRight() override;
+    ///@}
     using BaseLine::SetCurrentValue;
     /// Text that is not an address gives 00:00:00:00:00:00.
     bool SetCurrentValue(const std::string& s) override;
@@ -45,15 +49,19 @@ public:
     /// While editing with the display-in-edit-mode flag set, the address is
     /// drawn without the caption so that all 17 characters fit.
     void DrawLine(int row) override;
-    /// Reverses the digit under the edit cursor.
+    /// Reverses the digit under the edit cursor, or shows it plain again.
+    ///@{
     void DrawCursor(int row) override;
     void EraseCursor(int row) override;
+    ///@}
 
     /// Kept for the owner; no edit is limited by it.
     void SetRange(const std::string& min, const std::string& max);
     /// Lets an edited address take the caption's place on the row.
+    ///@{
     void SetDisplayInEditMode(bool on) { displayInEditMode = on; }
     bool GetDisplayInEditMode() const { return displayInEditMode; }
+    ///@}
 
 private:
     KT::CMacAddress& Work() { return editing ? editAddress : currentAddress; }

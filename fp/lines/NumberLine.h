@@ -11,7 +11,7 @@ namespace FP {
 /// set width, may start with '+' or '-', keeps a set count of digits after
 /// the point and stays within [minimum, maximum]. Up and down change the value
 /// by the weight of the digit under the cursor.
-//
+///
 /// Stored values are whole counts of 1 / scale steps: reading scales and
 /// rounds to the unit, writing multiplies by the truncated 1 / scale and
 /// drops the fraction.
@@ -42,9 +42,12 @@ public:
     /// Caption, field and suffix; while editing the digit under the cursor
     /// is reversed.
     void DrawLine(int row) override;
-    /// Reverses the digit in the unsigned rendering of the value.
+    /// Reverses the digit in the unsigned rendering of the value, or shows
+    /// it plain again.
+    ///@{
     void DrawCursor(int row) override;
     void EraseCursor(int row) override;
+    ///@}
 
     /// Field width in characters, sign included.
     void SetNumItems(int n);
@@ -60,27 +63,37 @@ public:
     std::string GetValidEntry(double v) const;
     /// True for sign and point characters.
     bool SymbolCheck(const char& c) const;
+    /// base raised to exp; a negative exp gives the reciprocal power.
     double Power(const int& base, const int& exp) const;
     /// Where the point stands in s (its length when there is none).
     int GetDecimalPos(const std::string& s) const;
     /// Weight of the digit at pos.
     double GetUnitValue(const std::string& s, const int& pos) const;
     /// Steps the edited value by the weight of the digit under the cursor.
+    ///@{
     void NumKeyUp();
     void NumKeyDown();
+    ///@}
 
+    /// Field width in characters, sign included.
     int GetNumItems() const { return numItems; }
+    /// True when the field carries a sign character.
     bool IsSigned() const { return isSigned; }
+    /// The field texts, as edited and as last committed.
+    ///@{
     const std::string& GetEditString() const { return editString; }
     const std::string& GetCommittedString() const { return currentString; }
+    ///@}
 
     /// The line's own engine conversions (scaled and rounded); they hide the
     /// base's text binding on purpose rather than override it.
+    ///@{
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Woverloaded-virtual"
     std::string GetDbValue();
     void SendDbData(std::string value);
 #pragma GCC diagnostic pop
+    ///@}
 
 private:
     bool SymbolAt(const std::string& s, int index) const;

@@ -30,8 +30,11 @@ public:
     std::string GetCurrentString() const override { return value; }
     /// Caption, then the part of value and suffix from the scroll position.
     void DrawLine(int row) override;
+    /// The value is never edited, so there is no cursor to draw.
+    ///@{
     void DrawCursor(int /*line*/) override {}
     void EraseCursor(int /*line*/) override {}
+    ///@}
 
     /// The value's length, not a parsed number.
     int GetCurrentNumber() const { return static_cast<int>(value.size()); }
@@ -40,8 +43,10 @@ public:
 
     /// As in BaseLine, keeping the scroll bound in step with caption and
     /// suffix.
+    ///@{
     void SetVariableName(const std::string& name);
     void SetSuffix(const std::string& s);
+    ///@}
 
 private:
     std::string value;

@@ -35,15 +35,17 @@ public:
     /// The choice last committed or started from.
     int GetSelection() const { return selection; }
     /// Next and previous choice, wrapping.
+    ///@{
     void KeyPressUp();
     void KeyPressDown();
+    ///@}
 
 protected:
-    std::vector<unsigned char> choices;
-    int32_t itemCount;
-    int32_t currentIndex;
-    int32_t editIndex;
-    int32_t selection;
+    std::vector<unsigned char> choices;  ///< glyph codes, one per choice
+    int32_t itemCount;                   ///< number of choices
+    int32_t currentIndex;                ///< committed choice
+    int32_t editIndex;                   ///< choice under the cursor while choosing
+    int32_t selection;                   ///< what GetSelection answers
 
 private:
     unsigned char ShownChoice() const;

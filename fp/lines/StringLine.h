@@ -14,6 +14,8 @@ namespace FP {
 /// Threads and ownership: as BaseLine (borrows the display and the client).
 class StringLine : public BaseLine {
 public:
+    /// Alphabets that up and down cycle through: letters and digits, the
+    /// characters allowed in a host name, or a wider printable set.
     enum CharacterSet_e : int32_t { AlphaNumeric = 1, Hostname = 2, AllChar = 3 };
 
     /// One position, alphanumeric.
@@ -36,19 +38,27 @@ public:
     /// Caption, the padded text and suffix; while editing the character under
     /// the cursor is reversed (sent once).
     void DrawLine(int row) override;
-    /// Reverses the character under the edit cursor.
+    /// Reverses the character under the edit cursor, or shows it plain again.
+    ///@{
     void DrawCursor(int row) override;
     void EraseCursor(int row) override;
+    ///@}
 
     /// Field length in characters.
+    ///@{
     void SetNumItems(int n);
     int GetNumItems() const { return maxLength; }
+    ///@}
     /// The characters up and down cycle through.
+    ///@{
     void SetCharacterSet(CharacterSet_e set) { characterSet = set; }
     CharacterSet_e GetCharacterSet() const { return characterSet; }
+    ///@}
     /// The padded texts, as edited and as last committed.
+    ///@{
     const std::string& GetEditText() const { return editText; }
     const std::string& GetCommittedText() const { return committedText; }
+    ///@}
 
     /// Inserts c at the cursor (the padding drops off at the row end).
     void PutCharacter(char c);
@@ -57,12 +67,14 @@ public:
     /// Removes the character under the cursor.
     void PutDelete();
     /// Cycle the character under the cursor within one set, both ways.
+    ///@{
     void AlphaNumericKeyUp();
     void AlphaNumericKeyDown();
     void HostnameKeyUp();
     void HostnameKeyDown();
     void AllCharKeyUp();
     void AllCharKeyDown();
+    ///@}
 
 private:
     // The edit character under the cursor, or null when the cursor is past

@@ -25,11 +25,15 @@ public:
     /// or commits; exit keeps the working time for nothing.
     bool KeyPress(const KeyState_t& key) override;
     /// Step the hour, minute or second under the cursor, wrapping.
+    ///@{
     void KeyUp() override;
     void KeyDown() override;
+    ///@}
     /// Jump between hour, minute and second.
+    ///@{
     void KeyLeft() override;
     void KeyRight() override;
+    ///@}
     using BaseLine::SetCurrentValue;
     /// A time is not taken from text: always false.
     bool SetCurrentValue(const std::string& value) override;
@@ -37,23 +41,33 @@ public:
     std::string GetCurrentString() const override { return fields.CurString(); }
     /// Caption and text; while editing the field under the cursor is reversed.
     void DrawLine(int row) override;
+    /// DrawLine marks the edited field itself; there is no separate cursor.
+    ///@{
     void DrawCursor(int /*row*/) override {}
     void EraseCursor(int /*row*/) override {}
+    ///@}
 
+    /// The committed hour, minute and second.
+    ///@{
     int GetHour() const { return fields.Committed(0); }
     int GetMinute() const { return fields.Committed(1); }
     int GetSecond() const { return fields.Committed(2); }
+    ///@}
     /// Out-of-range values are ignored. Only the committed field changes;
     /// the texts are rebuilt by the next step or commit.
+    ///@{
     void SetHour(int hour);
     void SetMinute(int minute);
     void SetSecond(int second);
+    ///@}
     /// The working text.
     const std::string& GetEditString() const { return fields.TempString(); }
 
     /// Rebuild the committed or the working text from its fields.
+    ///@{
     void UpdateCurString() { fields.UpdateCurString(); }
     void UpdateTempString() { fields.UpdateTempString(); }
+    ///@}
 
 private:
     FieldEdit fields;

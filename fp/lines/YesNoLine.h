@@ -28,18 +28,24 @@ public:
     /// Both words, the chosen one reversed; the reversed word is kept whole
     /// even where the row ends inside it.
     void DrawLine(int row) override;
+    /// DrawLine marks the choice itself; there is no separate cursor.
+    ///@{
     void DrawCursor(int /*line*/) override {}
     void EraseCursor(int /*line*/) override {}
+    ///@}
 
     /// Copies the first item-count strings of items.
     void SetMenuItems(const std::string* items);
     /// Gives the cursor its item count; call with 2 before keys come.
     void SetNumItems(int n);
     /// Kept for the owner; the line does not draw it.
+    ///@{
     void SetDisplayLine(const std::string& text) { displayLine = text; }
     const std::string& GetDisplayLine() const { return displayLine; }
+    ///@}
     /// Out-of-range indices are ignored, and still answered with true.
     bool SetCurrentValue(int index);
+    /// Index of the chosen word (0 for the first).
     int GetSelectedIndex() const { return selectedIndex; }
 
 private:

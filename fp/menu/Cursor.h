@@ -18,20 +18,29 @@ class Display;
 /// Borrows: the display.
 class Cursor {
 public:
+    /// Direction of one step of the walk.
     enum SetCursorIndex_e { CURSOR_PREVIOUS = 0, CURSOR_NEXT = 1 };
 
     /// No items, a '>' cursor of type CURSOR_MENU, no display.
     Cursor();
 
+    /// The display the cursor draws into. Borrowed.
     void SetDisplay(Display* d) { display = d; }
+    /// How the cursor moves and draws (see CursorType_e).
+    ///@{
     void SetCursorType(CursorType_e type) { cursorType = type; }
     CursorType_e GetCursorType() const { return cursorType; }
+    ///@}
     /// The character a menu cursor draws.
+    ///@{
     void SetCursorChar(unsigned char c) { cursorChar = c; }
     unsigned char GetCursorChar() const { return cursorChar; }
+    ///@}
     /// The column of a menu cursor; the display line for an edit cursor.
+    ///@{
     void SetCursorColumn(int column) { cursorColumn = column; }
     int GetCursorColumn() const { return cursorColumn; }
+    ///@}
 
     /// Stores the position only.
     void SetCursorPosition(int position) { cursorPosition = position; }
@@ -41,12 +50,17 @@ public:
     /// scrolled (itemAtTopLine changed) and must be redrawn.
     bool SetCursorPosition(SetCursorIndex_e direction);
 
+    /// The walk's state: number of items, selected item, the display line
+    /// (or column) it stands on, the item on the first line of the area, and
+    /// the area's first and last display lines.
+    ///@{
     int GetItemCount() const { return lastItem + 1; }
     int GetCursorIndex() const { return cursorIndex; }
     int GetCursorPosition() const { return cursorPosition; }
     int GetItemAtTopLine() const { return itemAtTopLine; }
     int GetTopLine() const { return topLine; }
     int GetBottomLine() const { return bottomLine; }
+    ///@}
 
     /// Sets the number of items; a selection past the new end goes back to
     /// the first item.
@@ -60,11 +74,15 @@ public:
 
     /// Moves by one; the scrolling types move the view instead. True when
     /// the list must be redrawn.
+    ///@{
     bool MoveCursorUp();
     bool MoveCursorDown();
+    ///@}
     /// Previous and next item with wrap-around, whatever the type.
+    ///@{
     bool MoveCursorLeft();
     bool MoveCursorRight();
+    ///@}
 
     /// Selects the last-but-one item (item 0 for fewer than three items).
     void SelectLastPos();

@@ -20,9 +20,9 @@ public:
     /// One row: the line, the screen that enter on it opens (kNoScreen for
     /// none) and its place among all rows.
     struct Line_t {
-        BaseLine* line;
-        std::string childMenu;
-        int32_t index;
+        BaseLine* line;         ///< owned by the container
+        std::string childMenu;  ///< screen opened by enter, or kNoScreen
+        int32_t index;          ///< place among all rows
     };
 
     LineContainer();
@@ -56,11 +56,16 @@ public:
 
     /// Lookups by live position (operator[], GetLiveLine) or total position
     /// (GetLine) answer null for a position that does not exist.
+    ///@{
     BaseLine* operator[](int i) const { return GetLiveLine(i); }
     BaseLine* GetLiveLine(int i) const;
     BaseLine* GetLine(int i) const;
+    ///@}
+    /// Number of shown rows, and of all rows.
+    ///@{
     int GetNumLiveLines() const { return static_cast<int>(liveLines.size()); }
     int GetNumTotalLines() const { return static_cast<int>(allLines.size()); }
+    ///@}
     /// Full-list place of the i-th shown row; 0 for a row that does not exist.
     int GetLineIndex(int i) const;
     /// Shown position of line, or -1.

@@ -15,6 +15,7 @@ class MenuStyleBasic : public MenuStyle {
 public:
     MenuStyleBasic();
 
+    /// Keeps the base's plain DrawScreen() visible next to the override.
     using MenuStyle::DrawScreen;
     /// Draws the visible lines (re-reading their values), the cursor and the
     /// arrows, then sends the update and the selected line's symbols.
@@ -24,6 +25,7 @@ public:
     /// Moves, edits or leaves the menu; answers the screen to change to, or
     /// kNoScreen.
     std::string KeyPress(const KeyState_t& event) override;
+    /// Nothing to blank: a full draw clears the display itself.
     void ClearScreen() override {}
 
     /// The offset of live line i.

@@ -14,10 +14,12 @@ class ScrollBar {
 public:
     /// Without cursor or display it draws nothing.
     ScrollBar();
+    /// Draws for cursor into display; both borrowed.
     ScrollBar(Cursor* cursor, Display* display);
 
     /// The cursor whose scroll position decides which arrows show.
     void SetCursor(Cursor* c) { cursor = c; }
+    /// The display the arrows go to.
     void SetDisplay(Display* d) { display = d; }
     /// Writes the arrows that apply into the display model.
     void DrawBar();

@@ -38,6 +38,7 @@ public:
     void HandleWizardStart();
     /// Lets them reload again.
     void HandleWizardDone();
+    /// True between HandleWizardStart and HandleWizardDone.
     bool IsStarted() const { return started; }
 
     /// Takes the menu's keys while the wizard may act on them; answers the

@@ -104,9 +104,13 @@ public:
                                    const std::string& dbInstance);
 
 protected:
+    /// Binds line to dbName/dbInstance with the binding off, gives it the
+    /// back hint, adds it to the menu under caption variableName and to the
+    /// screen's read request. Takes ownership of line (through the menu) and
+    /// answers it.
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,
                        const std::string& dbInstance);
-    // AddBound, then the binding on: the row reads on draws and writes commits.
+    /// AddBound, then the binding on: the row reads on draws and writes commits.
     template <class Line>
     Line* AddWriting(Line* line, const std::string& variableName, const std::string& dbName,
                      const std::string& dbInstance) {
@@ -116,17 +120,17 @@ protected:
         return line;
     }
 
-    // Reloads every bound row from the engine and draws the whole screen.
+    /// Reloads every bound row from the engine and draws the whole screen;
+    /// used after the engine refused a write, so rows show what is stored.
     void ReloadRows();
 
-    TOV::CParam variableRequest;
-    TOV::CParam variableValues;
-    // Kept for derived screens; unused here.
-    std::vector<std::string> stringList;
-    bool initialized;
-    TOV::COid objectId;
-    std::string firstText;
-    std::string secondText;
+    TOV::CParam variableRequest;          ///< the variables the rows are bound to
+    TOV::CParam variableValues;           ///< their values as last read; also what is watched
+    std::vector<std::string> stringList;  ///< kept for derived screens; unused here
+    bool initialized;                     ///< CreateLines has run
+    TOV::COid objectId;                   ///< kept for derived screens; unused here
+    std::string firstText;                ///< kept for derived screens; unused here
+    std::string secondText;               ///< kept for derived screens; unused here
 
 private:
     std::vector<BaseLine*> boundRows_;  // owned by the menu

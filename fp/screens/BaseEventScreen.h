@@ -30,6 +30,7 @@ public:
     /// Hands key to the menu and answers the screen to show next.
     std::string KeyPress(const KeyState_t& key) override;
 
+    /// Keeps the base's plain DrawScreen() visible next to the overload.
     using BaseScreen::DrawScreen;
     /// Draws the menu in mode how; line is accepted for derived screens and
     /// otherwise ignored.
@@ -52,8 +53,8 @@ public:
     virtual void DrawUpdatedVars(bool on) { drawUpdatedVars = on; }
 
 protected:
-    TOV::CParam accessRequest;  // what SetupScreenAccessMode reads; derived screens fill it
-    int accessModeState;        // 1 once SetupScreenAccessMode has run
+    TOV::CParam accessRequest;  ///< what SetupScreenAccessMode reads; derived screens fill it
+    int accessModeState;        ///< 1 once SetupScreenAccessMode has run
 };
 
 }  // namespace FP

@@ -10,10 +10,10 @@ namespace FP {
 class BaseLine;
 
 /// One entry of a navigation screen: its row and the screen it leads to.
-/// Owned by the navigation screen that made it.
+/// Owned by the navigation screen that made it. Threads: those of that screen.
 struct NavigationMenu_t {
-    BaseLine* line;
-    std::string screen;
+    BaseLine* line;      ///< the row; the menu owns it once SetupMenu ran
+    std::string screen;  ///< name of the screen enter on the row answers
 };
 
 /// A menu whose rows each lead to another screen. The concrete screen makes
@@ -41,8 +41,8 @@ public:
     NavigationMenu_t* CreateLine(const std::string& label, const std::string& screen);
 
 protected:
-    std::vector<NavigationMenu_t*> entries;
-    bool initialized;
+    std::vector<NavigationMenu_t*> entries;  ///< owned; in the order CreateLine made them
+    bool initialized;                        ///< the entries and menu have been built
 };
 
 }  // namespace FP

@@ -93,20 +93,21 @@ public:
     KT::CMutex* GetMutex() const { return mutex; }
 
 protected:
-    // Deletes before when the menu's title is no longer it: hooks that run
-    // on every Initialize set a fresh title each time.
+    /// Deletes before when the menu's title is no longer it. Derived screens
+    /// call it after a hook that may set a new title on every Initialize, so
+    /// the old title lines do not pile up.
     void DropReplacedTitle(BaseLine* before);
 
-    bool accessMode;
-    bool drawUpdatedVars;
-    MenuStyleBasic menu;
-    FpClient* client;
-    Display* display;
-    Keypad* keypad;
-    KT::CMutex* mutex;
-    bool poll;
-    int pollTime;
-    std::string name;
+    bool accessMode;       ///< access-mode flag that derived screens set
+    bool drawUpdatedVars;  ///< flag kept for derived screens; never read here
+    MenuStyleBasic menu;   ///< the screen's menu; owns the lines
+    FpClient* client;      ///< borrowed; null until SetClient
+    Display* display;      ///< borrowed; null until SetDisplay
+    Keypad* keypad;        ///< borrowed; null until SetKeypad
+    KT::CMutex* mutex;     ///< owned; see GetMutex for who locks it
+    bool poll;             ///< the application should redraw periodically
+    int pollTime;          ///< redraw period in milliseconds
+    std::string name;      ///< what GetName answers
 };
 
 }  // namespace FP

@@ -108,18 +108,21 @@ public:
     const std::string& GetSelectScreen() const { return selectScreen; }
 
 protected:
-    // Binds line and adds it to the menu and the screen's read request.
+    /// Binds line read-only to dbName/dbInstance, adds it to the menu under
+    /// caption variableName and to the screen's read request. Takes ownership
+    /// of line (through the menu) and answers it.
     BaseLine* AddBound(BaseLine* line, const std::string& variableName, const std::string& dbName,
                        const std::string& dbInstance);
+    /// Adds a variable to the screen's read request without a row for it.
     void AddRequest(const std::string& dbName, const std::string& dbInstance);
 
-    std::vector<BaseLine*> lines;
-    bool initialized;
-    std::string firstScreen;
-    std::string selectScreen;
-    std::string thirdScreen;
-    TOV::CParam variableRequest;
-    TOV::CParam variableValues;
+    std::vector<BaseLine*> lines;  ///< every row made, in order; the menu owns them
+    bool initialized;              ///< CreateLines has run
+    std::string firstScreen;       ///< kept for derived screens; unused here
+    std::string selectScreen;      ///< where enter leads (SetSelectScreen)
+    std::string thirdScreen;       ///< kept for derived screens; unused here
+    TOV::CParam variableRequest;   ///< the variables the rows show
+    TOV::CParam variableValues;    ///< their values as last read; also what is watched
 };
 
 }  // namespace FP
