@@ -1,26 +1,35 @@
 #include "examples/demo/AboutScreen.h"
 
 #include "examples/demo/DemoVars.h"
+#include "examples/demo/RowFit.h"
 #include "examples/demo/ScreenNames.h"
-#include "fp/core/Names.h"
+#include "fp/lines/ScrollLine.h"
+#include "fp/menu/DisplayLine.h"
 
 namespace FPDEMO {
 
-AboutScreen::AboutScreen() {
+AboutScreen::AboutScreen() : BaseConfigScreen(400, true) {
     SetName(Screen::kAbout);
-    SetSelectScreen(FP::kNoScreen);
     menu.SetTitle("About");
     menu.SetExitScreen(Screen::kMain);
-    // Slow enough to read the scrolling line.
-    SetPollTime(400);
 }
 
 void AboutScreen::CreateLines() {
-    CreateScrollLine(
+    auto* blurb = static_cast<FP::ScrollLine*>(RowFit::NewScrollRow());
+    blurb->SetCurrentValue(
         "fp-demo: a sample unit built on the front-panel library - menus, status, settings, "
         "a setup wizard - on an emulated or a real panel.");
-    CreateDisplayLine("", Var::kUnitVersion, Var::kInstance, "");
-    CreateDisplayLine("Ctrl:", Var::kPanelVersion, Var::kInstance, "");
+    menu.AddLine(blurb);
+    auto* unit = new FP::DisplayLine();
+    unit->SetReadOnly(true);
+    shown_ = {AddBound(unit, "", Var::kUnitVersion, Var::kInstance)};
+    RowFit::AddCaptionRow(menu, "Controller");
+    shown_.push_back(AddBound(RowFit::NewScrollRow(), "", Var::kPanelVersion, Var::kInstance));
+}
+
+void AboutScreen::BaseConfigureMenu() {
+    for (FP::BaseLine* line : shown_)
+        line->SetDbActive(true);
 }
 
 }  // namespace FPDEMO

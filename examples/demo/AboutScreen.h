@@ -1,14 +1,22 @@
 #pragma once
 
-#include "fp/screens/BaseStatusScreen.h"
+#include <vector>
+
+#include "fp/screens/BaseConfigScreen.h"
 
 namespace FPDEMO {
 
-// Versions, and a line that scrolls through what the demo is.
-class AboutScreen : public FP::BaseStatusScreen {
+// What the demo is, and its versions. Nothing here is edited; it is a
+// configuration screen so that each row can be selected and a long one
+// scrolled with Left and Right.
+class AboutScreen : public FP::BaseConfigScreen {
 public:
     AboutScreen();
     void CreateLines() override;
+    void BaseConfigureMenu() override;
+
+private:
+    std::vector<FP::BaseLine*> shown_;
 };
 
 }  // namespace FPDEMO

@@ -1,6 +1,7 @@
 #include "examples/demo/DateTimeScreen.h"
 
 #include "examples/demo/DemoVars.h"
+#include "examples/demo/RowFit.h"
 #include "examples/demo/ScreenNames.h"
 
 namespace FPDEMO {
@@ -12,8 +13,17 @@ DateTimeScreen::DateTimeScreen() : BaseConfigScreen(2000, true) {
 }
 
 void DateTimeScreen::CreateLines() {
-    CreateDateLine("Date:", Var::kDate, Var::kInstance);
-    CreateTimeLine("Time:", Var::kTime, Var::kInstance);
+    // On a narrow panel the title says what the rows hold; a caption would
+    // push the date's last digit under the arrow.
+    narrow_ = RowFit::Caption(GetDisplay(), "Date:", "", 10).empty();
+    CreateDateLine(narrow_ ? "" : "Date:", Var::kDate, Var::kInstance);
+    CreateTimeLine(narrow_ ? "" : "Time:", Var::kTime, Var::kInstance);
+}
+
+void DateTimeScreen::BaseConfigureMenu() {
+    // There the full title would run into the navigation symbols.
+    if (narrow_)
+        menu.SetTitle("Clock");
 }
 
 }  // namespace FPDEMO

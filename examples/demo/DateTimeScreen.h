@@ -9,6 +9,10 @@ class DateTimeScreen : public FP::BaseConfigScreen {
 public:
     DateTimeScreen();
     void CreateLines() override;
+    void BaseConfigureMenu() override;
+
+private:
+    bool narrow_ = false;  // no room for captions beside the values
 };
 
 }  // namespace FPDEMO

@@ -15,6 +15,7 @@ public:
 
 private:
     std::vector<FP::BaseLine*> editable_;
+    FP::BaseLine* mac_ = nullptr;  // the scrolling MAC row of a narrow panel
 };
 
 }  // namespace FPDEMO

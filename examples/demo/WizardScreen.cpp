@@ -2,17 +2,21 @@
 
 #include <log4cpp/Category.hh>
 
+#include <algorithm>
+#include <utility>
+
 #include "examples/demo/DemoVars.h"
+#include "examples/demo/RowFit.h"
 #include "examples/demo/ScreenNames.h"
-#include "fp/menu/BaseLine.h"
 #include "fp/client/FpClient.h"
+#include "fp/menu/BaseLine.h"
 #include "tov/Txn.h"
 
 namespace FPDEMO {
 
 namespace {
-const int kHostNameLength = 16;
-}
+const unsigned kHostNameLength = 16;
+}  // namespace
 
 WizardScreen::WizardScreen() : BaseConfigScreen(2000, true), wizard_(&menu) {
     SetName(Screen::kWizard);
@@ -22,18 +26,27 @@ WizardScreen::WizardScreen() : BaseConfigScreen(2000, true), wizard_(&menu) {
 }
 
 void WizardScreen::CreateLines() {
-    steps_ = {
-        CreateStringLine("Host:", Var::kHostName, Var::kInstance, kHostNameLength,
-                         FP::StringLine::Hostname),
-        CreateIpLine("IP:", Var::kIpAddress, Var::kInstance),
-        CreateIpLine("Mask:", Var::kNetmask, Var::kInstance),
-        CreateIpLine("Gw:", Var::kGateway, Var::kInstance),
-    };
+    // Same rows as the network screen: each value under its own caption, so
+    // that 15-character addresses and their cursor stay on the panel.
+    RowFit::AddCaptionRow(menu, "Host name");
+    steps_ = {CreateStringLine(
+        "", Var::kHostName, Var::kInstance,
+        static_cast<int>(std::min(kHostNameLength, RowFit::EditRoom(GetDisplay()))),
+        FP::StringLine::Hostname)};
+    const std::pair<const char*, const char*> addresses[] = {
+        {"IP address", Var::kIpAddress}, {"Netmask", Var::kNetmask}, {"Gateway", Var::kGateway}};
+    for (const auto& address : addresses) {
+        RowFit::AddCaptionRow(menu, address.first);
+        steps_.push_back(CreateIpLine("", address.second, Var::kInstance));
+    }
     for (FP::BaseLine* line : steps_)
         wizard_.AddLine(line);
 }
 
 void WizardScreen::BaseConfigureMenu() {
+    // The full title would run into the navigation symbols of a narrow panel.
+    if (RowFit::Width(GetDisplay()) < 20)
+        menu.SetTitle("Wizard");
     // Rows read the engine but never write: the wizard applies them at the end.
     for (FP::BaseLine* line : steps_)
         line->SetDbActive(true);

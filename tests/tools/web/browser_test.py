@@ -20,7 +20,7 @@ SKIP = 77
 # Network row, address row, then the address typed on the keypad, then commit.
 NAV_KEYS = ["\ue015", "\ue007", "\ue015", "\ue007"]  # ArrowDown Enter ArrowDown Enter
 PAD_DIGITS = "192168001020"
-ADDRESS_ROW = ">IP:192.168.1.20"
+ADDRESS_ROW = ">192.168.1.20"
 
 # Loopback only: never through a proxy from the environment.
 OPENER = urllib.request.build_opener(urllib.request.ProxyHandler({}))
