@@ -4,8 +4,8 @@
 
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/ScreenNames.h"
-#include "fp/menu/BaseLine.h"
 #include "fp/client/FpClient.h"
+#include "fp/menu/BaseLine.h"
 #include "tov/Txn.h"
 
 namespace FPDEMO {

@@ -6,8 +6,8 @@
 #include <limits>
 #include <stdexcept>
 
-#include "fp/lines/RowWriter.h"
 #include "fp/client/FpClient.h"
+#include "fp/lines/RowWriter.h"
 #include "kt/Str.h"
 
 namespace FP {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "fp/display/Display.h"
 #include "fp/core/KeyTypes.h"
+#include "fp/display/Display.h"
 #include "fp/menu/Cursor.h"
 
 namespace FP {

@@ -1,8 +1,8 @@
 #include "fp/menu/MenuStyle.h"
 
 #include "fp/display/Display.h"
-#include "fp/menu/DisplayLine.h"
 #include "fp/menu/BaseLine.h"
+#include "fp/menu/DisplayLine.h"
 
 namespace FP {
 

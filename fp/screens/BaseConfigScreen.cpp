@@ -1,8 +1,8 @@
 #include "fp/screens/BaseConfigScreen.h"
 
+#include "fp/client/FpClient.h"
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
-#include "fp/client/FpClient.h"
 
 namespace FP {
 

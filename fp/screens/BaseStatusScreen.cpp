@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "fp/menu/DisplayLine.h"
+#include "fp/client/FpClient.h"
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
 #include "fp/lines/NumberLine.h"
 #include "fp/lines/ScrollLine.h"
-#include "fp/client/FpClient.h"
+#include "fp/menu/DisplayLine.h"
 
 namespace FP {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "fp/client/FpClient.h"
 #include "fp/display/Display.h"
 #include "fp/menu/BaseLine.h"
-#include "fp/client/FpClient.h"
 
 namespace EditLines {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "fp/client/FpClient.h"
 #include "fp/display/Display.h"
 #include "fp/display/DisplayWindow.h"
-#include "fp/client/FpClient.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
