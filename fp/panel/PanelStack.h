@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 
 #include "fp/display/DisplayHw.h"
 #include "fp/input/Keypad.h"
@@ -62,11 +62,18 @@ public:
     bool RoundTrip(unsigned timeoutMs);
 
 private:
-    // Destroyed by hand in ~PanelStack; declaration order would get it wrong.
-    std::unique_ptr<FpAdapter> adapter_;
-    std::unique_ptr<FpControl> control_;
-    std::unique_ptr<FP::Keypad> keypad_;
-    std::unique_ptr<DisplayHw> display_;
+    // Final, so destroying it in place cannot leave a more derived part behind
+    // (the display's destructor is not virtual).
+    struct OwnedDisplay final : DisplayHw {
+        using DisplayHw::DisplayHw;
+    };
+
+    // Held in place and reset by hand in ~PanelStack: declaration order would
+    // destroy the control before the adapter whose read thread calls it.
+    std::optional<FpAdapter> adapter_;
+    std::optional<FpControl> control_;
+    std::optional<FP::Keypad> keypad_;
+    std::optional<OwnedDisplay> display_;
 };
 
 }  // namespace FP
