@@ -21,8 +21,10 @@ namespace FP {
 /// handlers that stay registered for the adapter's whole life, so the adapter
 /// must be destroyed before the control. The keypad and the display send and
 /// listen through the control, so they go before the adapter. The destructor
-/// also drops the keypad's listener and every init listener first, so no
-/// application code is called once teardown has begun.
+/// first drops the keypad's listener and every restart listener; report
+/// listeners given to Control().SubscribeToStatusUpdates() are called until
+/// the adapter has stopped, so they must outlive the stack or be removed
+/// (UnsubscribeFromStatusUpdates) before it is destroyed.
 ///
 /// Threads: build, use and destroy on one application thread; the parts keep
 /// their own rules (see FpAdapter, FpControl, Keypad).
