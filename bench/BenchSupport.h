@@ -36,6 +36,8 @@ public:
     FPSIM::PanelSim& Sim() { return *sim_; }
     FP::FpAdapter& Adapter() { return stack_->Adapter(); }
     FP::FpControl& Control() { return stack_->Control(); }
+    FP::DisplayHw& Display() { return stack_->Display(); }
+    FP::Keypad& Keypad() { return stack_->Keypad(); }
 
 private:
     KT::CStreamSocket unitEnd_;

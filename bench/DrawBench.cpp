@@ -8,10 +8,10 @@
 #include <thread>
 
 #include "bench/BenchSupport.h"
+#include "fp/client/FpClient.h"
 #include "fp/display/DisplayHw.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
-#include "fp/client/FpClient.h"
 #include "sim/PanelGrid.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"

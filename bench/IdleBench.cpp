@@ -12,11 +12,11 @@
 #include <thread>
 
 #include "bench/BenchSupport.h"
+#include "fp/client/FpClient.h"
 #include "fp/display/DisplayHw.h"
 #include "fp/input/Keypad.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
-#include "fp/client/FpClient.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 #include "tov/VarDecl.h"
@@ -64,18 +64,16 @@ void BM_Idle(benchmark::State& state) {
     // add wake-ups of its own to the process.
     fpbench::PanelLink link(20, 4, FPSIM::TIME_MANUAL);
     link.Sim().Start();
-    FP::DisplayHw display(link.Control(), 20, 4);
-    FP::Keypad keypad(link.Control());
     NoKeys keys;
-    keypad.SetCallback(&keys);
-    keypad.StartThreads();
+    link.Keypad().SetCallback(&keys);
+    link.Keypad().StartThreads();
     TOV::CDataStore store;
     TOV::CTovClient client(store);
     FP::FpClient fp(&client);
     FP::MenuStyleBasic menu;
     for (int i = 0; i < 10; ++i)
         store.Declare(TOV::CVarDecl("idle.v" + std::to_string(i)).Default(std::to_string(i)));
-    menu.SetDisplay(&display);
+    menu.SetDisplay(&link.Display());
     menu.SetClient(&fp);
     menu.SetTitle("Idle");
     for (int i = 0; i < 10; ++i)

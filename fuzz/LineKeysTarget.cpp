@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "fp/client/FpClient.h"
 #include "fp/display/Display.h"
 #include "fp/lines/DateLine.h"
-#include "fp/menu/DisplayLine.h"
 #include "fp/lines/IpLine.h"
 #include "fp/lines/ListLine.h"
 #include "fp/lines/MacLine.h"
@@ -19,7 +19,7 @@
 #include "fp/lines/StringLine.h"
 #include "fp/lines/TimeLine.h"
 #include "fp/lines/YesNoLine.h"
-#include "fp/client/FpClient.h"
+#include "fp/menu/DisplayLine.h"
 #include "fuzz/FuzzInput.h"
 #include "fuzz/FuzzTargets.h"
 #include "tov/DataStore.h"

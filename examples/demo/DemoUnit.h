@@ -13,9 +13,9 @@
 
 #include "examples/demo/PanelDisplay.h"
 #include "examples/demo/PanelLink.h"
+#include "fp/client/FpClient.h"
 #include "fp/core/KeyTypes.h"
 #include "fp/screens/BaseScreen.h"
-#include "fp/client/FpClient.h"
 #include "kt/StreamSocket.h"
 #include "tov/ManagedEventSink.h"
 #include "tov/TovClient.h"

@@ -2,8 +2,8 @@
 
 #include "fp/core/Names.h"
 #include "fp/display/Display.h"
-#include "fp/menu/DisplayLine.h"
 #include "fp/menu/BaseLine.h"
+#include "fp/menu/DisplayLine.h"
 
 namespace FP {
 

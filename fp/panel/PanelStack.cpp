@@ -6,11 +6,11 @@ PanelStack::PanelStack(KT::CStreamSocket& socket, unsigned width, unsigned heigh
     : PanelStack(socket, width, height, Options()) {}
 
 PanelStack::PanelStack(KT::CStreamSocket& socket, unsigned width, unsigned height,
-                       const Options& options)
-    : adapter_(new FpAdapter(socket)),
-      control_(new FpControl(*adapter_)),
-      keypad_(new FP::Keypad(*control_)),
-      display_(new DisplayHw(*control_, width, height)) {
+                       const Options& options) {
+    adapter_.emplace(socket);
+    control_.emplace(*adapter_);
+    keypad_.emplace(*control_);
+    display_.emplace(*control_, width, height);
     if (options.startKeypad)
         keypad_->StartThreads();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 
 #include "fp/display/DisplayHw.h"
 #include "fp/input/Keypad.h"
@@ -21,8 +21,10 @@ namespace FP {
 /// handlers that stay registered for the adapter's whole life, so the adapter
 /// must be destroyed before the control. The keypad and the display send and
 /// listen through the control, so they go before the adapter. The destructor
-/// also drops the keypad's listener and every init listener first, so no
-/// application code is called once teardown has begun.
+/// first drops the keypad's listener and every restart listener; report
+/// listeners given to Control().SubscribeToStatusUpdates() are called until
+/// the adapter has stopped, so they must outlive the stack or be removed
+/// (UnsubscribeFromStatusUpdates) before it is destroyed.
 ///
 /// Threads: build, use and destroy on one application thread; the parts keep
 /// their own rules (see FpAdapter, FpControl, Keypad).
@@ -62,11 +64,18 @@ public:
     bool RoundTrip(unsigned timeoutMs);
 
 private:
-    // Destroyed by hand in ~PanelStack; declaration order would get it wrong.
-    std::unique_ptr<FpAdapter> adapter_;
-    std::unique_ptr<FpControl> control_;
-    std::unique_ptr<FP::Keypad> keypad_;
-    std::unique_ptr<DisplayHw> display_;
+    // Final, so destroying it in place cannot leave a more derived part behind
+    // (the display's destructor is not virtual).
+    struct OwnedDisplay final : DisplayHw {
+        using DisplayHw::DisplayHw;
+    };
+
+    // Held in place and reset by hand in ~PanelStack: declaration order would
+    // destroy the control before the adapter whose read thread calls it.
+    std::optional<FpAdapter> adapter_;
+    std::optional<FpControl> control_;
+    std::optional<FP::Keypad> keypad_;
+    std::optional<OwnedDisplay> display_;
 };
 
 }  // namespace FP

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "fp/menu/DisplayLine.h"
-#include "fp/lines/ScrollLine.h"
-#include "fp/menu/MenuStyleBasic.h"
 #include "fp/client/FpClient.h"
+#include "fp/lines/ScrollLine.h"
+#include "fp/menu/DisplayLine.h"
+#include "fp/menu/MenuStyleBasic.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"

@@ -7,10 +7,10 @@
 #include <mutex>
 #include <thread>
 
+#include "fp/client/FpClient.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
-#include "fp/client/FpClient.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
