@@ -28,7 +28,7 @@ status=0
 for entry in "${pictures[@]}"; do
     name=${entry%%|*}
     keys=${entry#*|}
-    "$demo" --db :memory: --log "$out/fp-demo.log" --keys "${keys:-WAIT 0}" \
+    "$demo" --db :memory: --log "$out/fp-demo.log" --keys "$keys" \
         --snapshot "$out/$name.png" >"$out/$name.txt"
     if [ "$update" -eq 1 ]; then
         cp "$out/$name.png" "docs/pictures/$name.png"
