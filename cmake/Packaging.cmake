@@ -14,6 +14,12 @@ foreach(dir kt tov fp)
             FILES_MATCHING PATTERN "*.h")
 endforeach()
 
+# --- the panel emulator's core, fp::sim (libfpsim.so and its public headers) ---
+install(TARGETS fpsim EXPORT fpTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/sim DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
+# --- end of fp::sim ---
+
 set(FP_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/fp)
 install(EXPORT fpTargets NAMESPACE fp:: DESTINATION ${FP_CMAKE_DIR})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/fpConfig.cmake.in

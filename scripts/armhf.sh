@@ -19,8 +19,11 @@ fi
 
 sysroot=build/armhf-sysroot
 packages=(liblog4cpp5-dev liblog4cpp5v5 libsqlite3-dev libsqlite3-0
-          libncurses-dev libncurses6 libncursesw6 libtinfo6)
-if [ ! -f "$sysroot/.complete" ]; then
+          libncurses-dev libncurses6 libncursesw6 libtinfo6
+          libpng-dev libpng16-16 zlib1g-dev zlib1g)
+# The marker holds the package list, so a sysroot unpacked for an older list
+# is made again.
+if [ "$(cat "$sysroot/.complete" 2>/dev/null)" != "${packages[*]}" ]; then
     dpkg --print-foreign-architectures | grep -qx armhf || dpkg --add-architecture armhf
     apt-get update -qq || true  # a mirror without armhf lists still serves the rest
     rm -rf "$sysroot" build/armhf-debs
@@ -33,7 +36,7 @@ if [ ! -f "$sysroot/.complete" ]; then
     find "$sysroot" -type l -lname '/*' | while read -r link; do
         ln -sfn "$(realpath -m "$sysroot")$(readlink "$link")" "$link"
     done
-    touch "$sysroot/.complete"
+    echo "${packages[*]}" >"$sysroot/.complete"
 fi
 
 cmake --preset armhf >/dev/null

@@ -5,7 +5,7 @@ set -euo pipefail
 
 PACKAGES=(
     cmake ninja-build g++ ccache pkg-config git
-    liblog4cpp5-dev libsqlite3-dev sqlite3 libncurses-dev
+    liblog4cpp5-dev libsqlite3-dev sqlite3 libncurses-dev libpng-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     libcivetweb-dev chromium chromium-driver
     tmux

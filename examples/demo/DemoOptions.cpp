@@ -51,6 +51,10 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
             if (!value(out.keys))
                 return PARSE_ERROR;
             out.headless = true;
+        } else if (name == "--snapshot") {
+            if (!value(out.snapshot))
+                return PARSE_ERROR;
+            out.headless = true;
         } else if (name == "--print-var") {
             if (!value(v))
                 return PARSE_ERROR;
@@ -83,6 +87,10 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
     }
     if (!out.web.empty() && (!out.panel.empty() || !out.keys.empty())) {
         error = "--web shows the built-in panel live; it goes with neither --panel nor --keys";
+        return PARSE_ERROR;
+    }
+    if (!out.snapshot.empty() && (!out.panel.empty() || !out.web.empty())) {
+        error = "--snapshot pictures the built-in panel; it goes with neither --panel nor --web";
         return PARSE_ERROR;
     }
     return PARSE_OK;
@@ -118,6 +126,8 @@ std::string DemoOptions::Usage(const std::string& program) {
            "  --keys SCRIPT      keys to play, e.g. \"DOWN DOWN ENTER\"; names as fp-panel's\n"
            "                     (UP DOWN LEFT RIGHT ENTER EXIT BACKSPACE DELETE SPACE 0-9\n"
            "                     a-z A-Z); WAIT MS pauses. Implies --headless\n"
+           "  --snapshot FILE    after the keys, save the panel to FILE: .txt, .svg or\n"
+           "                     .png by its ending. Implies --headless\n"
            "  --trace            print the panel after every key, not just at the end\n"
            "  --print-var NAME   print an engine variable at the end (repeatable)\n"
            "  --ascii            panel symbols as ASCII stand-ins\n"

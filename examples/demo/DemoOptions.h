@@ -12,6 +12,7 @@ struct DemoOptions_t {
     std::string log;    // empty: the default file
     bool headless = false;
     std::string keys;
+    std::string snapshot;  // where to save the panel once the keys have played
     bool trace = false;
     bool ascii = false;
     bool debug = false;

@@ -17,6 +17,7 @@
 #include "examples/demo/EmbeddedPanel.h"
 #include "examples/demo/KeyScript.h"
 #include "tools/panel/CursesScreen.h"
+#include "tools/panel/PanelSnapshot.h"
 #include "tools/panel/PanelText.h"
 #include "tools/web/WebFrontEnd.h"
 
@@ -252,6 +253,11 @@ int main(int argc, char** argv) {
         screen->Run(gQuit);
     } else if (o.headless || tour) {
         rc = RunScript(tour ? std::string(kTour) : o.keys, o, panel.get(), unit, tour);
+        if (rc == 0 && !o.snapshot.empty() &&
+            !FPPANEL::PanelSnapshot::Save(o.snapshot, panel->Snapshot(), !o.ascii, error)) {
+            std::fprintf(stderr, "fp-demo: --snapshot: %s\n", error.c_str());
+            rc = 1;
+        }
     } else {
         std::printf("fp-demo: driving the panel at %s; Ctrl-C quits\n", o.panel.c_str());
         std::fflush(stdout);

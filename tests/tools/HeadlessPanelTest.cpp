@@ -206,8 +206,8 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
                   "|Hi      |  ##......\n"
                   "|  \xE2\x9C\x93~\n"
                   "snapshot " +
-                  snap +
-                  "\n"
+                  snap + "\nsnapshot " + snap +
+                  ".svg\n"
                   "down ENTER\nwait 300\nup ENTER\n"
                   "sync\n"
                   "expect 2 Done\n"
@@ -238,6 +238,12 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
               "+--------+\n"
               "LEDs: 4 on\n"
               "status: -  brightness: 5  fan: -\n");
+    // The picture of the same moment: "Hi" in reverse, the tick drawn as dots.
+    std::ostringstream svg;
+    svg << std::ifstream(snap + ".svg").rdbuf();
+    EXPECT_NE(svg.str().find("fill=\"#1f3f9f\">Hi</text>"), std::string::npos) << svg.str();
+    EXPECT_NE(svg.str().find(">~</text>"), std::string::npos) << svg.str();
+    EXPECT_NE(svg.str().find("brightness 5"), std::string::npos) << svg.str();
 }
 
 TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {
@@ -250,7 +256,8 @@ TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {
         {"sync\nexpect 2 |  \xE2\x9C\x93~|\nexpect 1 Hi there\n", true,
          "line 3: expect failed: row 1 shows |Hi      |, expected |Hi there|"},
         {"sync\nexpect-screen\n|Hi\n|  x\n", true, "line 2: expect-screen failed:\nrow 2 shows"},
-        {"sync\nsnapshot p.png\n", true, "no snapshot format for 'p.png' (known: .txt)"},
+        {"sync\nsnapshot p.gif\n", true,
+         "no snapshot format for 'p.gif' (known: .txt, .svg, .png)"},
         {"ENTER\n", false, "line 1: key not sent, no unit connected: ENTER"},
         {"sync 50\n", false, "line 1: sync: the unit did not settle within 400 ms"},
     };

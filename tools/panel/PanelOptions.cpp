@@ -198,7 +198,7 @@ std::string PanelOptions::Usage(const std::string& program) {
            "                       ('#' reverse, '.' normal) to check reverse video\n"
            "  expect-screen        the whole display: the lines that follow, each |ROW|\n"
            "                       as dump prints it; rows left out must be blank\n"
-           "  snapshot FILE        save the panel to FILE (.txt)\n"
+           "  snapshot FILE        save the panel to FILE (.txt, .svg or .png)\n"
            "  quit\n"
            "A script (any input but a terminal) stops at the first bad command, failed\n"
            "expectation, unsent key or sync timeout: exit status 1, the panel on stderr.\n"

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "sim/PanelPicture.h"
 #include "tools/panel/PanelText.h"
 
 namespace FPPANEL {
@@ -13,8 +14,18 @@ struct Format_t {
     std::string (*render)(const FPSIM::PanelState_t& state, bool utf8);
 };
 
+// Pictures look the same whatever the terminal can show.
+std::string Svg(const FPSIM::PanelState_t& state, bool) {
+    return FPSIM::PanelPicture::Svg(state);
+}
+std::string Png(const FPSIM::PanelState_t& state, bool) {
+    return FPSIM::PanelPicture::Png(state);
+}
+
 const Format_t kFormats[] = {
     {".txt", &PanelSnapshot::Text},
+    {".svg", &Svg},
+    {".png", &Png},
 };
 
 bool EndsWith(const std::string& s, const std::string& end) {

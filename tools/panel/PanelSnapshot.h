@@ -7,8 +7,8 @@
 namespace FPPANEL {
 
 /// Saves what the panel shows to a file, in the format its name's extension
-/// asks for. Only text (".txt") is known so far; a new format is one more
-/// entry in the table in PanelSnapshot.cpp.
+/// asks for: text (".txt") or a picture (".svg", ".png"); a new format is one
+/// more entry in the table in PanelSnapshot.cpp.
 /// Threads: any; it keeps no state.
 class PanelSnapshot {
 public:
