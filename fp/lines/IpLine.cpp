@@ -146,10 +146,7 @@ void IpLine::Move(bool next) {
     KT::CIpAddress a(text);
     Clamp(a);
     Work() = a;
-    next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    if (IsSeparator(cursor.GetCursorIndex())) {
-        next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    }
+    EditCursor::Step(cursor, next, IsSeparator);
 }
 
 void IpLine::KeyRight() {

@@ -84,10 +84,8 @@ void MacLine::KeyDown() {
 }
 
 void MacLine::Move(bool next) {
-    next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    if (cursor.GetCursorIndex() % 3 == 2) {
-        next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    }
+    // Every third cell is the colon between two bytes.
+    EditCursor::Step(cursor, next, [](int i) { return i % 3 == 2; });
 }
 
 void MacLine::KeyRight() {
