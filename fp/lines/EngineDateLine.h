@@ -7,10 +7,14 @@
 
 namespace FP {
 
-// Reads the "YYYY/MM/DD" text of a date variable into the fields.
+// Reads the "YYYY/MM/DD" text of a date variable into the fields, and names
+// the row's setters and getters in field order.
 struct EngineDateFormat {
     static bool Parse(const std::string& text, int fields[3]);
-    static bool Set(DateLine& line, const int fields[3]);
+    static constexpr void (DateLine::*kSet[3])(int) = {&DateLine::SetYear, &DateLine::SetMonth,
+                                                       &DateLine::SetDay};
+    static constexpr int (DateLine::*kGet[3])() const = {&DateLine::GetYear, &DateLine::GetMonth,
+                                                         &DateLine::GetDay};
 };
 
 /// A date row bound to a variable holding "YYYY/MM/DD": it shows the stored

@@ -7,10 +7,14 @@
 
 namespace FP {
 
-// Reads the "HH:MM:SS" text of a time variable into the fields.
+// Reads the "HH:MM:SS" text of a time variable into the fields, and names
+// the row's setters and getters in field order.
 struct EngineTimeFormat {
     static bool Parse(const std::string& text, int fields[3]);
-    static bool Set(TimeLine& line, const int fields[3]);
+    static constexpr void (TimeLine::*kSet[3])(int) = {&TimeLine::SetHour, &TimeLine::SetMinute,
+                                                       &TimeLine::SetSecond};
+    static constexpr int (TimeLine::*kGet[3])() const = {&TimeLine::GetHour, &TimeLine::GetMinute,
+                                                         &TimeLine::GetSecond};
 };
 
 /// A time-of-day row bound to a variable holding "HH:MM:SS" (24 hours): it
