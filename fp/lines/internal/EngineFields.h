@@ -4,6 +4,7 @@
 
 #include "fp/lines/internal/RowWriter.h"
 #include "fp/lines/internal/UnshownValue.h"
+#include "fp/menu/internal/RowLead.h"
 
 namespace FP {
 
@@ -58,10 +59,9 @@ public:
         }
         Display& d = *this->display;
         d.ClearLine(static_cast<unsigned>(row));
-        std::string text(static_cast<size_t>(this->offset > 0 ? this->offset : 0), ' ');
-        if (this->hasVariableName)
-            text += this->variableName;
-        text += kUnknown;
+        const std::string text =
+            RowLead(this->offset, this->hasVariableName ? this->variableName : std::string()) +
+            kUnknown;
         RowWriter::Write(d, text, row, 0);
         RowWriter::Pad(d, row, static_cast<int>(text.size()), this->lineWidth);
     }
