@@ -41,8 +41,7 @@ bool MacLine::SetCurrentValue(const std::string& s) {
 
 bool MacLine::SetCurrentValue(const KT::CMacAddress& address) {
     currentAddress = address;
-    cursor.SetItemCount(kTextLength);
-    cursor.SetDisplayLines(0, kTextLength);
+    EditCursor::Span(cursor, kTextLength);
     editAddress = currentAddress;
     return true;
 }

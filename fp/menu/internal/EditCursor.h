@@ -34,6 +34,13 @@ void Step(Cursor& cursor, bool next, Skip&& skip) {
     }
 }
 
+// Fits the edit cursor to a fixed-width text: every cell a position, all of
+// them in view.
+inline void Span(Cursor& cursor, int length) {
+    cursor.SetItemCount(length);
+    cursor.SetDisplayLines(0, length);
+}
+
 inline void Erase(Cursor& cursor, int row) {
     cursor.SetCursorPosition(row);
     cursor.EraseCursor(0);
