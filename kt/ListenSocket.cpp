@@ -13,6 +13,7 @@
 #include <cstring>
 
 #include "kt/LinkAddress.h"
+#include "kt/internal/UnixAddress.h"
 
 namespace KT {
 
@@ -72,11 +73,10 @@ bool CListenSocket::ListenTcp(const std::string& host, unsigned short port) {
 }
 
 bool CListenSocket::ListenUnix(const std::string& path) {
-    sockaddr_un addr{};
-    if (path.size() >= sizeof addr.sun_path)
-        return Failed("socket path too long: '" + path + "'");
-    addr.sun_family = AF_UNIX;
-    std::memcpy(addr.sun_path, path.c_str(), path.size() + 1);
+    sockaddr_un addr;
+    const std::string bad = Internal::UnixAddress(path, addr);
+    if (!bad.empty())
+        return Failed(bad);
     ::unlink(path.c_str());  // a stale socket file from an earlier run
     int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (fd < 0)

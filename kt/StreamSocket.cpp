@@ -20,6 +20,7 @@
 
 #include "kt/LinkAddress.h"
 #include "kt/Thread.h"
+#include "kt/internal/UnixAddress.h"
 
 namespace KT {
 
@@ -123,11 +124,10 @@ bool CStreamSocket::ConnectTcp(const std::string& host, unsigned short port) {
 }
 
 bool CStreamSocket::ConnectUnix(const std::string& path) {
-    sockaddr_un addr{};
-    if (path.size() >= sizeof addr.sun_path)
-        return Failed("socket path too long: '" + path + "'");
-    addr.sun_family = AF_UNIX;
-    std::memcpy(addr.sun_path, path.c_str(), path.size() + 1);
+    sockaddr_un addr;
+    const std::string bad = Internal::UnixAddress(path, addr);
+    if (!bad.empty())
+        return Failed(bad);
     int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (fd < 0)
         return Failed("cannot create a socket", errno);

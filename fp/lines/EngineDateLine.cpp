@@ -16,18 +16,8 @@ bool EngineDateFormat::Parse(const std::string& text, int fields[3]) {
     return day <= kDays[month - 1] + (month == 2 && leap ? 1 : 0);
 }
 
-bool EngineDateFormat::Set(DateLine& line, const int fields[3]) {
-    line.SetYear(fields[0]);
-    line.SetMonth(fields[1]);
-    line.SetDay(fields[2]);
-    // The setters keep their range; a year outside it leaves the old one.
-    return line.GetYear() == fields[0] && line.GetMonth() == fields[1] &&
-           line.GetDay() == fields[2];
-}
-
 bool EngineDateLine::IsCalendarDate(const std::string& text) {
-    int fields[3];
-    return EngineDateFormat::Parse(text, fields);
+    return Accepts(text);
 }
 
 }  // namespace FP

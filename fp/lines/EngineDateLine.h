@@ -7,14 +7,20 @@
 
 namespace FP {
 
-/// How EngineDateLine turns a stored "YYYY/MM/DD" text into its fields.
+/// How EngineDateLine turns a stored "YYYY/MM/DD" text into its fields, and names
+/// the row's setters and getters in field order.
 /// Threads: any; it holds no state.
 struct EngineDateFormat {
     /// Splits text into year, month and day; false unless it names a day
     /// that exists.
     static bool Parse(const std::string& text, int fields[3]);
-    /// Puts the fields into line; false when the line's ranges refused one.
-    static bool Set(DateLine& line, const int fields[3]);
+    /// The row's setters and getters, in field order.
+    ///@{
+    static constexpr void (DateLine::*kSet[3])(int) = {&DateLine::SetYear, &DateLine::SetMonth,
+                                                       &DateLine::SetDay};
+    static constexpr int (DateLine::*kGet[3])() const = {&DateLine::GetYear, &DateLine::GetMonth,
+                                                         &DateLine::GetDay};
+    ///@}
 };
 
 /// A date row bound to a variable holding "YYYY/MM/DD": it shows the stored

@@ -7,14 +7,20 @@
 
 namespace FP {
 
-/// How EngineTimeLine turns a stored "HH:MM:SS" text into its fields.
+/// How EngineTimeLine turns a stored "HH:MM:SS" text into its fields, and names
+/// the row's setters and getters in field order.
 /// Threads: any; it holds no state.
 struct EngineTimeFormat {
     /// Splits text into hour, minute and second; false for anything that is
     /// not a time of day.
     static bool Parse(const std::string& text, int fields[3]);
-    /// Puts the fields into line; false when the line's ranges refused one.
-    static bool Set(TimeLine& line, const int fields[3]);
+    /// The row's setters and getters, in field order.
+    ///@{
+    static constexpr void (TimeLine::*kSet[3])(int) = {&TimeLine::SetHour, &TimeLine::SetMinute,
+                                                       &TimeLine::SetSecond};
+    static constexpr int (TimeLine::*kGet[3])() const = {&TimeLine::GetHour, &TimeLine::GetMinute,
+                                                         &TimeLine::GetSecond};
+    ///@}
 };
 
 /// A time-of-day row bound to a variable holding "HH:MM:SS" (24 hours): it

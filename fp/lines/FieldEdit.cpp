@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "fp/lines/internal/EditFlow.h"
 #include "fp/lines/internal/RowWriter.h"
+#include "fp/menu/BaseLine.h"
 #include "kt/Str.h"
 
 namespace FP {
@@ -71,6 +73,18 @@ void FieldEdit::Begin() {
 void FieldEdit::Commit() {
     curString = tempString;
     std::copy(std::begin(temp), std::end(temp), std::begin(cur));
+}
+
+void FieldEdit::EnterExit(const BaseLine& line, Key_e key, bool& editing) {
+    EditFlow::Key(
+        line, key, editing,
+        [this, &editing] {
+            // A read-only line keeps its working copy: it never enters edit mode.
+            if (editing) {
+                Begin();
+            }
+        },
+        [this] { Commit(); });
 }
 
 void FieldEdit::DrawRow(Display& display, int row, int offset, const std::string& caption,

@@ -9,6 +9,8 @@
 
 namespace FP {
 
+class BaseLine;
+
 /// The three numeric fields behind a date or time line: the committed values
 /// and a working copy, both also kept as text. The owning line keeps its own
 /// API and just forwards; what differs between the kinds is the layout.
@@ -55,6 +57,10 @@ public:
     void Begin();
     /// The working copy becomes the committed value.
     void Commit();
+    /// Enter and exit of the owning line: enter starts an edit from the
+    /// committed fields (a read-only line stays out of edit mode) or commits
+    /// it; exit leaves the working fields as they are. Other keys do nothing.
+    void EnterExit(const BaseLine& line, Key_e key, bool& editing);
     /// The shown text from column on, the field under the cursor reversed
     /// while editing, blanks up to lineWidth.
     void Draw(Display& display, int row, int column, bool editing, int index, int lineWidth) const;

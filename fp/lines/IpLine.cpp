@@ -43,8 +43,7 @@ IpLine::IpLine()
     : maxAddress(KT::CIpAddress::MaxIpAddress()), minAddress(KT::CIpAddress::MinIpAddress()) {
     cursor.SetCursorType(CURSOR_EDIT);
     // Walkable from the start, before any value is set.
-    cursor.SetItemCount(kTextLength);
-    cursor.SetDisplayLines(0, kTextLength);
+    EditCursor::Span(cursor, kTextLength);
     hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
     editNavMask =
         NavSymbol::kCheck | NavSymbol::kEnter | NavSymbol::kUpDown | NavSymbol::kLeftRight;
@@ -60,8 +59,7 @@ IpLine::~IpLine() = default;
 
 bool IpLine::SetCurrentValue(const std::string& s) {
     currentAddress = s;
-    cursor.SetItemCount(kTextLength);
-    cursor.SetDisplayLines(0, kTextLength);
+    EditCursor::Span(cursor, kTextLength);
     editAddress = currentAddress;
     return true;
 }
@@ -146,10 +144,7 @@ void IpLine::Move(bool next) {
     KT::CIpAddress a(text);
     Clamp(a);
     Work() = a;
-    next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    if (IsSeparator(cursor.GetCursorIndex())) {
-        next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    }
+    EditCursor::Step(cursor, next, IsSeparator);
 }
 
 void IpLine::KeyRight() {

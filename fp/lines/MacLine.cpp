@@ -41,8 +41,7 @@ bool MacLine::SetCurrentValue(const std::string& s) {
 
 bool MacLine::SetCurrentValue(const KT::CMacAddress& address) {
     currentAddress = address;
-    cursor.SetItemCount(kTextLength);
-    cursor.SetDisplayLines(0, kTextLength);
+    EditCursor::Span(cursor, kTextLength);
     editAddress = currentAddress;
     return true;
 }
@@ -84,10 +83,8 @@ void MacLine::KeyDown() {
 }
 
 void MacLine::Move(bool next) {
-    next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    if (cursor.GetCursorIndex() % 3 == 2) {
-        next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
-    }
+    // Every third cell is the colon between two bytes.
+    EditCursor::Step(cursor, next, [](int i) { return i % 3 == 2; });
 }
 
 void MacLine::KeyRight() {

@@ -217,19 +217,12 @@ bool NumberLine::KeyPress(const KeyState_t& key) {
     }
     switch (key.key) {
         case KEY_LEFT:
-            cursor.MoveCursorLeft();
-            if (SymbolAt(editString, cursor.GetCursorIndex())) {
-                cursor.MoveCursorLeft();
-            }
+        case KEY_RIGHT:
+            EditCursor::Step(cursor, key.key == KEY_RIGHT,
+                             [this](int i) { return SymbolAt(editString, i); });
             break;
         case KEY_UP:
             NumKeyUp();
-            break;
-        case KEY_RIGHT:
-            cursor.MoveCursorRight();
-            if (SymbolAt(editString, cursor.GetCursorIndex())) {
-                cursor.MoveCursorRight();
-            }
             break;
         case KEY_DOWN:
             NumKeyDown();

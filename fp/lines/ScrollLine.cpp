@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "fp/core/Names.h"
+#include "fp/menu/internal/RowLead.h"
 #include "kt/Str.h"
 
 namespace FP {
@@ -85,10 +86,7 @@ void ScrollLine::DrawLine(int row) {
     if (!display) {
         return;
     }
-    std::string head(offset > 0 ? offset : 0, ' ');
-    if (hasVariableName) {
-        head += variableName;
-    }
+    const std::string head = RowLead(offset, hasVariableName ? variableName : std::string());
     const int col = static_cast<int>(head.size());
     display->WriteWord(head, row, 0);
 

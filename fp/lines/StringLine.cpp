@@ -26,6 +26,33 @@ bool IsHostChar(unsigned char c) {
 const char kAllCharJumps[][2] = {{'/', ':'}, {'9', ' '}, {'@', '['}, {'Z', '0'}, {'^', '`'},
                                  {'_', 'a'}, {'`', '{'}, {'z', 'A'}, {'~', '_'}};
 
+void StepAllChar(char& c, bool up) {
+    const int from = up ? 0 : 1;
+    for (const auto& jump : kAllCharJumps) {
+        if (c == jump[from]) {
+            c = jump[1 - from];
+            return;
+        }
+    }
+    c = static_cast<char>(static_cast<unsigned char>(c) + (up ? 1 : -1));
+}
+
+// Up or down within the line's character set; an unknown set cycles as
+// alphanumeric.
+void Cycle(StringLine& line, bool up) {
+    switch (line.GetCharacterSet()) {
+        case StringLine::Hostname:
+            up ? line.HostnameKeyUp() : line.HostnameKeyDown();
+            break;
+        case StringLine::AllChar:
+            up ? line.AllCharKeyUp() : line.AllCharKeyDown();
+            break;
+        default:
+            up ? line.AlphaNumericKeyUp() : line.AlphaNumericKeyDown();
+            break;
+    }
+}
+
 }  // namespace
 
 StringLine::StringLine() : maxLength(1), characterSet(AlphaNumeric) {
@@ -107,31 +134,15 @@ void StringLine::HostnameKeyDown() {
 }
 
 void StringLine::AllCharKeyUp() {
-    char* c = EditChar();
-    if (!c) {
-        return;
+    if (char* c = EditChar()) {
+        StepAllChar(*c, true);
     }
-    for (const auto& jump : kAllCharJumps) {
-        if (*c == jump[0]) {
-            *c = jump[1];
-            return;
-        }
-    }
-    *c = static_cast<char>(static_cast<unsigned char>(*c) + 1);
 }
 
 void StringLine::AllCharKeyDown() {
-    char* c = EditChar();
-    if (!c) {
-        return;
+    if (char* c = EditChar()) {
+        StepAllChar(*c, false);
     }
-    for (const auto& jump : kAllCharJumps) {
-        if (*c == jump[1]) {
-            *c = jump[0];
-            return;
-        }
-    }
-    *c = static_cast<char>(static_cast<unsigned char>(*c) - 1);
 }
 
 int StringLine::TextColumn() const {
@@ -202,22 +213,8 @@ bool StringLine::KeyPress(const KeyState_t& key) {
             cursor.MoveCursorRight();
             break;
         case KEY_UP:
-            if (characterSet == Hostname) {
-                HostnameKeyUp();
-            } else if (characterSet == AllChar) {
-                AllCharKeyUp();
-            } else {
-                AlphaNumericKeyUp();
-            }
-            break;
         case KEY_DOWN:
-            if (characterSet == Hostname) {
-                HostnameKeyDown();
-            } else if (characterSet == AllChar) {
-                AllCharKeyDown();
-            } else {
-                AlphaNumericKeyDown();
-            }
+            Cycle(*this, code == KEY_UP);
             break;
         case KEY_BACKSPACE:
             PutBackspace();

@@ -1,7 +1,6 @@
 #include "fp/lines/TimeLine.h"
 
 #include "fp/core/Names.h"
-#include "fp/lines/internal/EditFlow.h"
 
 namespace FP {
 
@@ -58,15 +57,7 @@ void TimeLine::KeyLeft() {
 bool TimeLine::KeyPress(const KeyState_t& key) {
     cursor.EraseCursor(0);
     if (!ArrowKey(key.key)) {
-        // A read-only line keeps its working copy: it never enters edit mode.
-        EditFlow::Key(
-            *this, key.key, editing,
-            [this] {
-                if (editing) {
-                    fields.Begin();
-                }
-            },
-            [this] { fields.Commit(); });
+        fields.EnterExit(*this, key.key, editing);
     }
     return editing;
 }

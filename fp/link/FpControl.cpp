@@ -210,12 +210,20 @@ void FpControl::ClearListeners(List& listeners) {
     idle_.wait(lock, [this] { return calls_ == 0; });
 }
 
-void FpControl::SetKeyPressHandler(KeyDelegate handler) {
+template <class List>
+void FpControl::AddListener(List& listeners, const List& listener, unsigned char op,
+                            const IFpAdapter::Handler& onMessage) {
     {
         KT::CMutexLock lock(listenersMutex_);
-        keyListeners_.InsertFront(handler);
+        listeners.InsertFront(listener);
     }
-    adapter_.SetResponseHandler(OP_KEY, IFpAdapter::Handler(this, &FpControl::HandleKeyPress));
+    // Outside our lock, so that it is never held together with the adapter's.
+    adapter_.SetResponseHandler(op, onMessage);
+}
+
+void FpControl::SetKeyPressHandler(KeyDelegate handler) {
+    AddListener(keyListeners_, handler, OP_KEY,
+                IFpAdapter::Handler(this, &FpControl::HandleKeyPress));
 }
 
 void FpControl::ClearKeyPressHandler() {
@@ -223,11 +231,8 @@ void FpControl::ClearKeyPressHandler() {
 }
 
 void FpControl::SetInitHandler(InitDelegate handler) {
-    {
-        KT::CMutexLock lock(listenersMutex_);
-        initListeners_.InsertFront(handler);
-    }
-    adapter_.SetResponseHandler(OP_INIT, IFpAdapter::Handler(this, &FpControl::HandleFpInit));
+    AddListener(initListeners_, handler, OP_INIT,
+                IFpAdapter::Handler(this, &FpControl::HandleFpInit));
 }
 
 void FpControl::ClearInitHandler() {

@@ -156,6 +156,9 @@ private:
     void Deliver(const List& listeners, Args... args);
     template <class List>
     void ClearListeners(List& listeners);
+    template <class List>
+    void AddListener(List& listeners, const List& listener, unsigned char op,
+                     const IFpAdapter::Handler& onMessage);
 
     TemperatureDelegate temperatureListeners_;
     FanSpeedDelegate fanListeners_;

@@ -4,6 +4,7 @@
 
 #include "fp/client/FpClient.h"
 #include "fp/menu/internal/EditCursor.h"
+#include "fp/menu/internal/RowLead.h"
 
 namespace FP {
 
@@ -71,9 +72,8 @@ void BaseLine::DrawLine(int line) {
         return;
     }
     const std::string value = GetCurrentString();
-    std::string text(offset > 0 ? offset : 0, ' ');
-    text += variableName;
-    text += value;
+    const std::string lead = RowLead(offset, variableName);
+    std::string text = lead + value;
     if (hasSuffix) {
         text += suffix;
     }
@@ -86,8 +86,7 @@ void BaseLine::DrawLine(int line) {
         const int i = cursor.GetCursorIndex();
         // Only a character that exists is shown reversed.
         if (i >= 0 && static_cast<size_t>(i) < value.size()) {
-            const int column =
-                (offset > 0 ? offset : 0) + static_cast<int>(variableName.size()) + i;
+            const int column = static_cast<int>(lead.size()) + i;
             EditCursor::CellOnce(*display, static_cast<unsigned char>(value[i]), line, column);
         }
     } else {

@@ -94,35 +94,25 @@ bool MenuStyle::UseLine(int index) {
 }
 
 void MenuStyle::SkipLine(BaseLine* line) {
-    const int index = line ? lines.GetLineIndex(line) : -1;
-    if (index < 0) {
-        return;
-    }
-    lines.SkipLine(index);
-    if (line->GetCompanionRow()) {
-        lines.SkipLine(index + 1);
-    }
-    cursor.SetItemCount(lines.GetNumLiveLines());
+    SetSkipLine(line, true);
 }
 
 void MenuStyle::UseLine(BaseLine* line) {
+    SetSkipLine(line, false);
+}
+
+void MenuStyle::SetSkipLine(BaseLine* line, bool skip) {
     const int index = line ? lines.GetLineIndex(line) : -1;
     if (index < 0) {
         return;
     }
-    lines.UseLine(index);
+    bool (LineContainer::*apply)(int) = skip ? &LineContainer::SkipLine : &LineContainer::UseLine;
+    (lines.*apply)(index);
+    // A line's companion row lives or goes with it.
     if (line->GetCompanionRow()) {
-        lines.UseLine(index + 1);
+        (lines.*apply)(index + 1);
     }
     cursor.SetItemCount(lines.GetNumLiveLines());
-}
-
-void MenuStyle::SetSkipLine(BaseLine* line, bool skip) {
-    if (skip) {
-        SkipLine(line);
-    } else {
-        UseLine(line);
-    }
 }
 
 std::string MenuStyle::GetCurrentValue(int i) const {

@@ -4,14 +4,15 @@
 
 #include "fp/lines/internal/RowWriter.h"
 #include "fp/lines/internal/UnshownValue.h"
+#include "fp/menu/internal/RowLead.h"
 
 namespace FP {
 
 // What the engine-bound date and time rows share: the committed text is the
 // stored value, a commit writes it, and stored text the row cannot show is
 // drawn as "?" and logged once. Kind supplies Parse(text, fields) (false for
-// text it does not accept) and Set(line, fields) (false when the line's
-// setters refuse a field).
+// text it does not accept) and the line's three setters and getters in field
+// order (kSet, kGet).
 template <class Line, class Kind>
 class EngineFields : public Line {
 public:
@@ -28,9 +29,15 @@ public:
         return result;
     }
 
+    // Whether text is a value the row can show.
+    static bool Accepts(const std::string& text) {
+        int fields[3];
+        return Kind::Parse(text, fields);
+    }
+
     bool SetCurrentValue(const std::string& text) override {
         int fields[3] = {0, 0, 0};
-        if (Kind::Parse(text, fields) && Kind::Set(*this, fields)) {
+        if (Kind::Parse(text, fields) && SetFields(fields)) {
             this->UpdateCurString();
             unshown_.Clear();
             return true;
@@ -52,15 +59,28 @@ public:
         }
         Display& d = *this->display;
         d.ClearLine(static_cast<unsigned>(row));
-        std::string text(static_cast<size_t>(this->offset > 0 ? this->offset : 0), ' ');
-        if (this->hasVariableName)
-            text += this->variableName;
-        text += kUnknown;
+        const std::string text =
+            RowLead(this->offset, this->hasVariableName ? this->variableName : std::string()) +
+            kUnknown;
         RowWriter::Write(d, text, row, 0);
         RowWriter::Pad(d, row, static_cast<int>(text.size()), this->lineWidth);
     }
 
 private:
+    // The setters keep their range and drop anything outside it without a
+    // word, so a getter that reads back something else marks a refused field.
+    bool SetFields(const int fields[3]) {
+        for (int i = 0; i < 3; ++i) {
+            (this->*Kind::kSet[i])(fields[i]);
+        }
+        for (int i = 0; i < 3; ++i) {
+            if ((this->*Kind::kGet[i])() != fields[i]) {
+                return false;
+            }
+        }
+        return true;
+    }
+
     UnshownValue unshown_;
 };
 

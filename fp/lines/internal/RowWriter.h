@@ -3,6 +3,7 @@
 #include <string>
 
 #include "fp/display/Display.h"
+#include "fp/menu/internal/RowLead.h"
 
 namespace FP {
 namespace RowWriter {
@@ -60,9 +61,9 @@ inline void Pad(Display& d, int row, int column, int lineWidth) {
 // column after them, counting a negative offset as none.
 inline int Caption(Display& d, int row, int offset, const std::string& caption) {
     d.ClearLine(static_cast<unsigned>(row));
-    const size_t blanks = offset > 0 ? static_cast<size_t>(offset) : 0;
-    Write(d, std::string(blanks, ' ') + caption, row, 0);
-    return static_cast<int>(blanks + caption.size());
+    const std::string lead = RowLead(offset, caption);
+    Write(d, lead, row, 0);
+    return static_cast<int>(lead.size());
 }
 
 // Characters pos..pos+n of text, or fewer (none) where text is shorter.

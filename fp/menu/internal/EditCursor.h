@@ -22,6 +22,25 @@ inline void Draw(Cursor& cursor, const Display* display, int row, int column,
     cursor.DrawCursor(column, text);
 }
 
+// One place left or right, and one more the same way when the first lands on
+// a cell the user never edits (a separator or a decimal point).
+template <class Skip>
+void Step(Cursor& cursor, bool next, Skip&& skip) {
+    for (int n = 0; n < 2; ++n) {
+        next ? cursor.MoveCursorRight() : cursor.MoveCursorLeft();
+        if (!skip(cursor.GetCursorIndex())) {
+            return;
+        }
+    }
+}
+
+// Fits the edit cursor to a fixed-width text: every cell a position, all of
+// them in view.
+inline void Span(Cursor& cursor, int length) {
+    cursor.SetItemCount(length);
+    cursor.SetDisplayLines(0, length);
+}
+
 inline void Erase(Cursor& cursor, int row) {
     cursor.SetCursorPosition(row);
     cursor.EraseCursor(0);

@@ -47,10 +47,8 @@ TEST(IpLineTest, DigitStepsTypingAndClampingInEditMode) {
         FP::IpLine line;
         line.SetMinMax(c.min, c.max);
         line.SetCurrentValue(c.start);
-        EXPECT_TRUE(Press(line, "="));
-        EXPECT_TRUE(Press(line, c.keys));
-        EXPECT_EQ(line.GetCurrentString(), c.shown) << c.start << " + " << c.keys;
-        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.start << " + " << c.keys;
+        SCOPED_TRACE(c.start);
+        linetest::ExpectEdit(line, c.keys, &FP::BaseLine::GetCurrentString, c.shown, c.cursor);
     }
 }
 
@@ -108,10 +106,8 @@ TEST(MacLineTest, HexStepsAndCursorSkipsColons) {
     for (const auto& c : cases) {
         FP::MacLine line(c.start);
         line.SetRange("00:00:00:00:00:10", "00:00:00:00:00:20");  // never applied
-        EXPECT_TRUE(Press(line, "="));
-        EXPECT_TRUE(Press(line, c.keys));
-        EXPECT_EQ(line.GetCurrentString(), c.shown) << c.start << " + " << c.keys;
-        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.start << " + " << c.keys;
+        SCOPED_TRACE(c.start);
+        linetest::ExpectEdit(line, c.keys, &FP::BaseLine::GetCurrentString, c.shown, c.cursor);
     }
 }
 
@@ -130,8 +126,7 @@ TEST(MacLineTest, EngineRoundTripAndMalformedValue) {
 TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
     fptest::TextDisplay display;
     FP::IpLine ip;
-    ip.SetDisplay(&display);
-    ip.SetVariableName("IP:");
+    linetest::Place(ip, display, "IP:");
     ip.SetCurrentValue("192.168.1.10");
     EXPECT_EQ(display.Draw(ip), " IP:192.168.1.10");
     Press(ip, "=>>>");
@@ -139,8 +134,7 @@ TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
     EXPECT_EQ(display.GetReverseWords().size(), 1u);  // the edited cell goes out once
 
     FP::MacLine mac("00:1a:2b:3c:4d:5e");
-    mac.SetDisplay(&display);
-    mac.SetVariableName("MAC:");
+    linetest::Place(mac, display, "MAC:");
     EXPECT_EQ(display.Draw(mac), " MAC:00:1A:2B:3C:4D:");
     Press(mac, "=<");
     EXPECT_EQ(display.Draw(mac), " MAC:00:1A:2B:3C:4D:");  // the cell lies past the row

@@ -118,8 +118,7 @@ TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
     fptest::TextDisplay panel(16, 4);
     panel.WriteWord("################", 2, 0);
     FP::ListLine line(Cells{"Auto", "ABCDEFGHIJKLMNOPQRS"}, false);
-    line.SetDisplay(&panel);
-    line.SetVariableName("Mode ");
+    linetest::Place(line, panel, "Mode ");
     line.SetSuffix(" x");
     EXPECT_EQ(panel.Draw(line), " Mode Auto x");
     Press(line, "=");
@@ -147,8 +146,7 @@ TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
 TEST(SelectLine, GlyphChoiceAndText) {
     fptest::TextDisplay panel(8, 2);
     GlyphLine line;
-    line.SetDisplay(&panel);
-    line.SetVariableName("G");
+    linetest::Place(line, panel, "G");
     EXPECT_EQ(line.GetCurrentString(), "0x0x85");
     EXPECT_EQ(panel.Draw(line, 0), " G\x85");
 

@@ -39,10 +39,7 @@ TEST(DateTimeLinesTest, StepsWrapAndFieldJumps) {
     };
     for (const auto& c : dates) {
         Date line(c.a, c.b, c.c);
-        EXPECT_TRUE(Press(line, "="));
-        EXPECT_TRUE(Press(line, c.keys));
-        EXPECT_EQ(line.GetEditString(), c.edit) << c.keys;
-        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.keys;
+        linetest::ExpectEdit(line, c.keys, &FP::DateLine::GetEditString, c.edit, c.cursor);
     }
     const Case times[] = {
         {0, 0, 0, "-", "23:00:00", 0},   {23, 59, 59, "+", "00:59:59", 0},
@@ -53,10 +50,7 @@ TEST(DateTimeLinesTest, StepsWrapAndFieldJumps) {
     };
     for (const auto& c : times) {
         FP::TimeLine line(c.a, c.b, c.c);
-        EXPECT_TRUE(Press(line, "="));
-        EXPECT_TRUE(Press(line, c.keys));
-        EXPECT_EQ(line.GetEditString(), c.edit) << c.keys;
-        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.keys;
+        linetest::ExpectEdit(line, c.keys, &FP::TimeLine::GetEditString, c.edit, c.cursor);
     }
 }
 
@@ -101,8 +95,7 @@ TEST(DateTimeLinesTest, CommitExitSettersAndReadOnly) {
 TEST(DateTimeLinesTest, DrawnWithTheSelectedFieldReversed) {
     fptest::TextDisplay display;
     Date date(2024, 6, 30);
-    date.SetDisplay(&display);
-    date.SetVariableName("Date:");
+    linetest::Place(date, display, "Date:");
     date.SetSuffix("x");  // never drawn
     EXPECT_EQ(display.Draw(date), " Date:2024/06/30");
     Press(date, "=>");
@@ -116,8 +109,7 @@ TEST(DateTimeLinesTest, DrawnWithTheSelectedFieldReversed) {
     // Values given without checks may print wider than the fields; the
     // drawing still stays on its row.
     Date odd(123456, -5, 7);
-    odd.SetDisplay(&display);
-    odd.SetVariableName("Date:");
+    linetest::Place(odd, display, "Date:");
     Press(odd, "=<");
     EXPECT_EQ(display.Draw(odd), " Date:123456/-[5/]07");
     EXPECT_EQ(display.Row(0), "");

@@ -31,6 +31,24 @@ inline bool Press(FP::BaseLine& line, const std::string& keys) {
     return editing;
 }
 
+// Puts line on display under caption, the way a menu adds it.
+inline void Place(FP::BaseLine& line, FP::Display& display, const std::string& caption) {
+    line.SetDisplay(&display);
+    line.SetVariableName(caption);
+}
+
+// Enters edit mode, presses keys, and checks that the line still edits, the
+// text that text (a getter of the line's kind) reads, and the cursor.
+template <class Line, class Text>
+void ExpectEdit(Line& line, const std::string& keys, Text text, const std::string& shown,
+                int cursor) {
+    SCOPED_TRACE("keys " + keys);
+    EXPECT_TRUE(Press(line, "="));
+    EXPECT_TRUE(Press(line, keys));
+    EXPECT_EQ(std::string((line.*text)()), shown);
+    EXPECT_EQ(line.GetCursorPos(), cursor);
+}
+
 // The embedded data engine behind a real FpClient, one variable "v" on
 // instance "0" with the given default and validator.
 struct Engine {

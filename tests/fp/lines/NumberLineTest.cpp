@@ -134,8 +134,7 @@ TEST(NumberLine, DrawsFieldSuffixAndEditCells) {
     fptest::TextDisplay panel(16, 4);
     FP::NumberLine line(true, 0.1, 1, 1.0);
     line.SetMinMax(-99.9, 99.9);
-    line.SetDisplay(&panel);
-    line.SetVariableName("T");
+    linetest::Place(line, panel, "T");
     line.SetSuffix("C");
     line.SetCurrentValue(-1.5);
     EXPECT_EQ(panel.Draw(line, 2), " T-01.5C");

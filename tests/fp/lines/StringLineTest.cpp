@@ -75,10 +75,8 @@ TEST(StringLineTest, EditingKeysAtTheEdges) {
         StringLine line;
         line.SetNumItems(8);
         line.SetCurrentValue(c.start);
-        EXPECT_TRUE(Press(line, "="));
-        EXPECT_TRUE(Press(line, c.keys)) << c.keys;
-        EXPECT_EQ(line.GetEditText(), c.edit) << c.start << " + " << c.keys;
-        EXPECT_EQ(line.GetCursorPos(), c.cursor) << c.start << " + " << c.keys;
+        SCOPED_TRACE(c.start);
+        linetest::ExpectEdit(line, c.keys, &StringLine::GetEditText, c.edit, c.cursor);
         EXPECT_EQ(line.GetCurrentString(), c.value);
     }
 }
@@ -86,8 +84,7 @@ TEST(StringLineTest, EditingKeysAtTheEdges) {
 TEST(StringLineTest, TypingIsCutAtTheRowEnd) {
     fptest::TextDisplay display;
     StringLine line;
-    line.SetDisplay(&display);
-    line.SetVariableName("Host:");
+    linetest::Place(line, display, "Host:");
     line.SetNumItems(14);
     line.SetCurrentValue("");
     Press(line, "=");
@@ -145,8 +142,7 @@ TEST(StringLineTest, RefusedWriteAndOverlongValueLeaveTheLineUsable) {
 TEST(StringLineTest, DrawsCaptionTextSuffixAndCursor) {
     fptest::TextDisplay display;
     StringLine line;
-    line.SetDisplay(&display);
-    line.SetVariableName("Name:");
+    linetest::Place(line, display, "Name:");
     line.SetSuffix("<");
     line.SetNumItems(6);
     line.SetCurrentValue("ab");
