@@ -12,11 +12,11 @@
 #include <thread>
 
 #include "bench/BenchSupport.h"
+#include "fp/client/FpClient.h"
 #include "fp/display/DisplayHw.h"
 #include "fp/input/Keypad.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
-#include "fp/client/FpClient.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 #include "tov/VarDecl.h"
