@@ -7,16 +7,12 @@ SerialPair::SerialPair(unsigned baud) {
         open_ = KT::CStreamSocket::CreatePair(unitEnd_, panelEnd_);
         return;
     }
-    if (!KT::CStreamSocket::CreatePair(unitEnd_, unitSide_) ||
-        !KT::CStreamSocket::CreatePair(panelSide_, panelEnd_))
+    if (!KT::CStreamSocket::CreatePair(unitEnd_, unitSide_))
         return;
-    line_.reset(new BaudLink(unitSide_, panelSide_, baud));
-    open_ = line_->Start();
+    tap_.reset(new SerialTap(unitSide_, baud));
+    open_ = tap_->IsOpen();
 }
 
-SerialPair::~SerialPair() {
-    if (line_)
-        line_->Stop();
-}
+SerialPair::~SerialPair() = default;
 
 }  // namespace FPSIM

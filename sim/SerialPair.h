@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "kt/StreamSocket.h"
-#include "sim/BaudLink.h"
+#include "sim/SerialTap.h"
 
 namespace FPSIM {
 
@@ -24,18 +24,16 @@ public:
     // False when the sockets or the line's threads could not be made.
     bool IsOpen() const { return open_; }
     KT::CStreamSocket& UnitEnd() { return unitEnd_; }
-    KT::CStreamSocket& PanelEnd() { return panelEnd_; }
+    KT::CStreamSocket& PanelEnd() { return tap_ ? tap_->Near() : panelEnd_; }
     // The line between the ends, or null when they are joined directly.
     // FORWARD carries the unit's bytes to the panel.
-    BaudLink* Line() { return line_.get(); }
+    BaudLink* Line() { return tap_ ? &tap_->Line() : nullptr; }
 
 private:
     KT::CStreamSocket unitEnd_;
-    KT::CStreamSocket panelEnd_;
-    // The line's own ends, when there is a line.
-    KT::CStreamSocket unitSide_;
-    KT::CStreamSocket panelSide_;
-    std::unique_ptr<BaudLink> line_;
+    KT::CStreamSocket panelEnd_;  // direct pairs only
+    KT::CStreamSocket unitSide_;  // the line's far socket, when there is a line
+    std::unique_ptr<SerialTap> tap_;
     bool open_ = false;
 };
 
