@@ -63,13 +63,15 @@ public:
     /// have lost frames. Threads: any (it only raises a flag).
     void ResendAll();
 
-    // In SEND_CHANGES these gather what their hooks send and put the
-    // difference on the wire once they are done.
     using Display::SendLine;
+    /// As Display's; in SEND_CHANGES the cells that differ go out once it is done.
     bool SelectWindow(int id) override;
-    /// In SEND_CHANGES, also sends every cell again (not only the window).
+    /// As Display's; in SEND_CHANGES every cell the display knows goes out
+    /// again, the symbols included.
     void ForceUpdate() override;
+    /// As Display's; in SEND_CHANGES the cells that differ go out once it is done.
     void SendLine(unsigned int line) override;
+    /// As Display's; in SEND_CHANGES the cells that differ go out once it is done.
     void SendUpdate() override;
 
 private:
