@@ -73,6 +73,8 @@ bool PanelServer::AcceptRun() {
     std::unique_ptr<FPSIM::SerialTap> tap;
     if (options_.baud > 0)
         tap.reset(new FPSIM::SerialTap(*socket, options_.baud));
+    if (tap && !tap->IsOpen())
+        Log("cannot start the emulated serial line");
     std::unique_ptr<FPSIM::PanelSim> sim(new FPSIM::PanelSim(tap ? tap->Near() : *socket, config));
     sim->AddObserver(FPSIM::PanelSim::Observer(this, &PanelServer::OnSimChange));
     sim->SetLogSink(FPSIM::PanelSim::LogSink(this, &PanelServer::OnSimLog));
