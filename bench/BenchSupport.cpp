@@ -25,15 +25,50 @@ void Die(const char* what) {
 }
 }  // namespace
 
-PanelLink::PanelLink(unsigned width, unsigned height, FPSIM::Clock_e clock) {
-    if (!KT::CStreamSocket::CreatePair(unitEnd_, panelEnd_))
+size_t MinimalBytes(const FPSIM::PanelGrid& a, const FPSIM::PanelGrid& b) {
+    const size_t kRunCost = 11, kReverseCost = 8;
+    size_t total = 0;
+    for (unsigned row = 0; row < a.Height(); ++row) {
+        int first = -1, last = -1;
+        bool reverse = false;
+        auto close = [&] {
+            if (first >= 0)
+                total += kRunCost + (reverse ? kReverseCost : 0) + size_t(last - first + 1);
+            first = -1;
+        };
+        for (unsigned col = 0; col < a.Width(); ++col) {
+            if (a.Char(col, row) == b.Char(col, row) && a.Reverse(col, row) == b.Reverse(col, row))
+                continue;
+            const size_t cost = kRunCost + (reverse ? kReverseCost : 0);
+            // A gap only joins cells of the same video; resending it must be cheaper.
+            bool join =
+                first >= 0 && b.Reverse(col, row) == reverse && col - unsigned(last) - 1 < cost;
+            for (unsigned g = unsigned(last) + 1; join && g < col; ++g)
+                join = b.Reverse(g, row) == reverse;
+            if (!join)
+                close();
+            if (first < 0) {
+                first = int(col);
+                reverse = b.Reverse(col, row);
+            }
+            last = int(col);
+        }
+        close();
+    }
+    return total;
+}
+
+PanelLink::PanelLink(unsigned width, unsigned height, FPSIM::Clock_e clock, unsigned baud,
+                     const FP::PanelStack::Options& options)
+    : pair_(baud) {
+    if (!pair_.IsOpen())
         Die("no socket pair");
     FPSIM::PanelConfig_t config;
     config.width = width;
     config.height = height;
     config.clock = clock;
-    sim_.reset(new FPSIM::PanelSim(panelEnd_, config));
-    stack_.reset(new FP::PanelStack(unitEnd_, width, height));
+    sim_.reset(new FPSIM::PanelSim(pair_.PanelEnd(), config));
+    stack_.reset(new FP::PanelStack(pair_.UnitEnd(), width, height, options));
 }
 
 PanelLink::~PanelLink() {

@@ -48,38 +48,14 @@ public:
     FP::MenuStyleBasic menu;
 };
 
-// Bytes a minimal update needs to turn grid a into grid b: per run of changed
-// cells a column, a row and a text frame (11 bytes of framing plus the text);
-// runs closer than that framing are cheaper sent as one.
-size_t MinimalBytes(const FPSIM::PanelGrid& a, const FPSIM::PanelGrid& b) {
-    const size_t kRunCost = 11;
-    size_t total = 0;
-    for (unsigned row = 0; row < a.Height(); ++row) {
-        int first = -1, last = -1;
-        for (unsigned col = 0; col < a.Width(); ++col) {
-            if (a.Char(col, row) == b.Char(col, row) && a.Reverse(col, row) == b.Reverse(col, row))
-                continue;
-            if (first >= 0 && col - static_cast<unsigned>(last) - 1 >= kRunCost) {
-                total += kRunCost + static_cast<size_t>(last - first + 1);
-                first = -1;
-            }
-            if (first < 0)
-                first = static_cast<int>(col);
-            last = static_cast<int>(col);
-        }
-        if (first >= 0)
-            total += kRunCost + static_cast<size_t>(last - first + 1);
-    }
-    return total;
-}
-
 // The wire side, measured once on the emulator: bytes sent against minimal.
 // Full: the first draw on a blank panel, then the same draw again; refresh:
 // after one bound value changed.
-void WireCost(benchmark::State& state, bool full) {
+void WireCost(benchmark::State& state, bool full, FP::DisplayHw::UpdateMode_e mode) {
     fpbench::PanelLink link(kWidth, kHeight);
     link.Sim().Start();
     BoundMenu m(link.Control());
+    m.display.SetUpdateMode(mode);
     auto measure = [&](FP::DrawScreen_e mode, const char* prefix) {
         link.Control().GetDisplayType();
         const FPSIM::PanelState_t before = link.Sim().Snapshot();
@@ -89,7 +65,7 @@ void WireCost(benchmark::State& state, bool full) {
         const size_t kBarrierBytes = 3;
         const double sent =
             static_cast<double>(after.counters.bytesIn - before.counters.bytesIn - kBarrierBytes);
-        const double minimal = static_cast<double>(MinimalBytes(before.grid, after.grid));
+        const double minimal = static_cast<double>(fpbench::MinimalBytes(before.grid, after.grid));
         state.counters[std::string(prefix) + "wire_B"] = sent;
         state.counters[std::string(prefix) + "minimal_B"] = minimal;
     };
@@ -105,8 +81,10 @@ void WireCost(benchmark::State& state, bool full) {
 
 void BM_MenuDraw(benchmark::State& state) {
     const bool full = state.range(0) == 1;
+    const auto mode = static_cast<FP::DisplayHw::UpdateMode_e>(state.range(1));
     fpbench::DrainedLink link;
     BoundMenu m(link.Control());
+    m.display.SetUpdateMode(mode);
     m.menu.DrawScreen(FP::DRAW_FULL);
     unsigned n = 0;
     for (auto _ : state) {
@@ -117,9 +95,10 @@ void BM_MenuDraw(benchmark::State& state) {
         }
         m.menu.DrawScreen(full ? FP::DRAW_FULL : FP::DRAW_REFRESH);
     }
-    WireCost(state, full);
+    WireCost(state, full, mode);
 }
-BENCHMARK(BM_MenuDraw)->ArgName("full")->Arg(1)->Arg(0);
+// changes: 0 sends whole windows (the default), 1 only the cells that changed.
+BENCHMARK(BM_MenuDraw)->ArgNames({"full", "changes"})->ArgsProduct({{1, 0}, {0, 1}});
 
 }  // namespace
 

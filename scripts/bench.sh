@@ -5,18 +5,21 @@
 # Usage: scripts/bench.sh [--quick]
 #   --quick  runs every benchmark only briefly (keeps them from rotting in CI;
 #            the figures are not meant to be read)
-# FP_BENCH_DIR picks the directory (file system) for the SQLite files.
+# FP_BENCH_DIR picks the directory (file system) for the SQLite files;
+# FP_BENCH_PRESSES how many key presses each key-to-glass figure takes.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 min_time=0.5
 idle=3
+presses=${FP_BENCH_PRESSES:-100}
 if [ "${1:-}" = "--quick" ]; then
     min_time=0.01
     idle=0.3
+    presses=2
 fi
 
-programs=(fp_bench_link fp_bench_draw fp_bench_data fp_bench_idle)
+programs=(fp_bench_link fp_bench_draw fp_bench_data fp_bench_idle fp_bench_key_to_glass)
 cmake --preset release >/dev/null
 cmake --build --preset release -j2 --target "${programs[@]}" fp tov kttools
 
@@ -27,7 +30,7 @@ echo "scratch file system: $(df -T "${FP_BENCH_DIR:-${TMPDIR:-/tmp}}" | awk 'NR=
 
 for p in "${programs[@]}"; do
     echo "=== $p"
-    FP_BENCH_IDLE_SECONDS="$idle" "build/release/bench/$p" --benchmark_min_time="$min_time" \
+    FP_BENCH_IDLE_SECONDS="$idle" FP_BENCH_PRESSES="$presses" "build/release/bench/$p" --benchmark_min_time="$min_time" \
         --benchmark_counters_tabular=false
 done
 echo "load after: $(cut -d' ' -f1-3 /proc/loadavg)"

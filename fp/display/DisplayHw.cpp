@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "fp/display/internal/PanelShadow.h"
 #include "fp/link/FpControl.h"
 
 namespace FP {
@@ -24,12 +25,96 @@ DisplayHw::DisplayHw(FpControl& control, unsigned int width, unsigned int height
 
 DisplayHw::~DisplayHw() = default;
 
+// Holds back what the hooks send until the outermost operation is done, so
+// that a cell rewritten several times in one update goes out once.
+class DisplayHw::Batch {
+public:
+    explicit Batch(DisplayHw& display) : display(display) { ++display.batchDepth; }
+    ~Batch() {
+        if (--display.batchDepth == 0)
+            display.SendChanges();
+    }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+private:
+    DisplayHw& display;
+};
+
+void DisplayHw::SetUpdateMode(UpdateMode_e newMode) {
+    if (newMode == mode)
+        return;
+    mode = newMode;
+    if (mode == SEND_CHANGES) {
+        shadow.reset(new internal::PanelShadow(GetDisplayWidth(), GetDisplayHeight()));
+    } else {
+        shadow.reset();
+    }
+}
+
+void DisplayHw::ResendAll() {
+    resendAll = true;
+}
+
+bool DisplayHw::SelectWindow(int id) {
+    Batch batch(*this);
+    return Display::SelectWindow(id);
+}
+
+void DisplayHw::ForceUpdate() {
+    if (shadow)
+        shadow->Forget();
+    Batch batch(*this);
+    Display::ForceUpdate();
+}
+
+void DisplayHw::SendLine(unsigned int line) {
+    Batch batch(*this);
+    Display::SendLine(line);
+}
+
+void DisplayHw::SendUpdate() {
+    Batch batch(*this);
+    Display::SendUpdate();
+}
+
+void DisplayHw::Put(const std::string& text, unsigned int column, unsigned int line,
+                    bool inverted) {
+    if (!shadow) {
+        control->DisplayText(text, Byte(column), Byte(line), inverted);
+        return;
+    }
+    if (shadow->Fits(text, column, line)) {
+        shadow->Write(text, column, line, inverted, false);
+        if (batchDepth == 0)
+            SendChanges();
+        return;
+    }
+    // Text that runs off the grid goes out as it is, after what is pending,
+    // so the panel sees the writes in their order; the cells it covers on the
+    // grid are then known to show it.
+    SendChanges();
+    control->DisplayText(text, Byte(column), Byte(line), inverted);
+    shadow->Write(text, column, line, inverted, true);
+}
+
+void DisplayHw::SendChanges() {
+    if (!shadow)
+        return;
+    if (resendAll.exchange(false))
+        shadow->Forget();
+    for (const internal::PanelShadow::Run_t& run : shadow->TakeChanges())
+        control->DisplayText(run.text, Byte(run.column), Byte(run.line), run.inverted);
+}
+
 void DisplayHw::ClearHwDisplay() {
     control->ClearDisplay();
+    if (shadow)
+        shadow->Clear();
 }
 
 void DisplayHw::SendBlankChars(unsigned int count, unsigned int column, unsigned int line) {
-    control->DisplayText(std::string(count, ' '), Byte(column), Byte(line), false);
+    Put(std::string(count, ' '), column, line, false);
 }
 
 void DisplayHw::SendLineUpdate(const std::string& text, unsigned int line) {
@@ -38,14 +123,15 @@ void DisplayHw::SendLineUpdate(const std::string& text, unsigned int line) {
         // Keep clear of the navigation symbols.
         width = width > kNavSymbolColumns ? width - kNavSymbolColumns : 0;
     }
-    control->DisplayText(text.substr(0, width), 0, Byte(line), false);
+    Put(text.substr(0, width), 0, line, false);
 }
 
 void DisplayHw::SendReverseWord(const std::string& text, unsigned int column, unsigned int line) {
-    control->DisplayText(text, Byte(column), Byte(line), true);
+    Put(text, column, line, true);
 }
 
 void DisplayHw::SendWindowUpdate(const std::string& text) {
+    Batch batch(*this);
     unsigned int width = GetDisplayWidth();
     unsigned int height = GetDisplayHeight();
     std::size_t length = std::strlen(text.c_str());
@@ -70,10 +156,11 @@ void DisplayHw::SendLockDisableSymbols(unsigned char mask) {
     if (mask & 0x10) {
         symbol[0] = '\x8A';
     }
-    control->DisplayText(symbol, 0, 0, false);
+    Put(symbol, 0, 0, false);
 }
 
 void DisplayHw::SendNavSymbols(unsigned char mask) {
+    Batch batch(*this);
     if (lockShown) {
         SendLockDisableSymbols(0x08);
     }
@@ -90,7 +177,7 @@ void DisplayHw::SendNavSymbols(unsigned char mask) {
     if (mask & 0x20) {
         symbols[2] = '\x85';
     }
-    control->DisplayText(symbols, Byte(navColumn), Byte(navLine), false);
+    Put(symbols, navColumn, navLine, false);
     // Sent again with the low bits laid over, so a low-bit symbol wins its
     // position and a high-bit one stays where its partner is clear.
     if (mask & 0x01) {
@@ -102,10 +189,11 @@ void DisplayHw::SendNavSymbols(unsigned char mask) {
     if (mask & 0x04) {
         symbols[2] = '\x81';
     }
-    control->DisplayText(symbols, Byte(navColumn), Byte(navLine), false);
+    Put(symbols, navColumn, navLine, false);
 }
 
 void DisplayHw::ShowBoundary() {
+    Batch batch(*this);
     for (unsigned int line = 0; line < GetDisplayHeight(); ++line) {
         SendReverseWord(" ", GetDisplayWidth(), line);
     }

@@ -11,6 +11,13 @@ PanelStack::PanelStack(KT::CStreamSocket& socket, unsigned width, unsigned heigh
     control_.emplace(*adapter_);
     keypad_.emplace(*control_);
     display_.emplace(*control_, width, height);
+    if (options.sendChangesOnly) {
+        display_->SetUpdateMode(DisplayHw::SEND_CHANGES);
+        // A restarted controller shows nothing of what was sent; the flag is
+        // all the read thread touches, the UI thread does the sending.
+        DisplayHw* display = &*display_;
+        control_->SetInitHandler(KT::CFunctor<void()>([display] { display->ResendAll(); }));
+    }
     if (options.startKeypad)
         keypad_->StartThreads();
 }

@@ -37,6 +37,10 @@ public:
         /// Start the keypad's watcher thread at once (otherwise call
         /// Keypad().StartThreads() or drive Keypad().RunOnce() directly).
         bool startKeypad = false;
+        /// Send only the cells that change (DisplayHw::SEND_CHANGES) instead of
+        /// whole windows, and send everything again when the controller
+        /// restarts. Worth it on a slow serial line.
+        bool sendChangesOnly = false;
     };
 
     /// Builds the stack on socket for a display of width x height cells.

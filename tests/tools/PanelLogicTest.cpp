@@ -45,15 +45,16 @@ TEST(PanelOptionsTest, FullCommandLine) {
     EXPECT_EQ(o.displayType, 3);
     EXPECT_EQ(o.version, "fw 2");
     EXPECT_TRUE(o.headless && o.dumpOnChange);
-    ASSERT_EQ(
-        Parse({"--script", "a b.txt", "--record=r.txt", "--sync-ms", "40", "--sync-timeout-ms=900"},
-              o, error),
-        PanelOptions::PARSE_OK)
+    ASSERT_EQ(Parse({"--script", "a b.txt", "--record=r.txt", "--sync-ms", "40",
+                     "--sync-timeout-ms=900", "--baud", "9600"},
+                    o, error),
+              PanelOptions::PARSE_OK)
         << error;
     EXPECT_EQ(o.script, "a b.txt");
     EXPECT_EQ(o.record, "r.txt");
     EXPECT_EQ(o.syncMs, 40u);
     EXPECT_EQ(o.syncTimeoutMs, 900u);
+    EXPECT_EQ(o.baud, 9600u);
     EXPECT_EQ(Parse({"--help"}, o, error), PanelOptions::PARSE_HELP);
 }
 
@@ -74,6 +75,7 @@ TEST(PanelOptionsTest, RefusesBadInput) {
                                                        {"--listen", "unix:"},
                                                        {"--size"},
                                                        {"--sync-ms", "0"},
+                                                       {"--baud", "0"},
                                                        {"--script", ""},
                                                        {"--bogus"},
                                                        {"--headless=1"}};

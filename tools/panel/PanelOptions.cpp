@@ -147,6 +147,12 @@ PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, Pa
             if (!ParseLong(value, 10, 5000, n))
                 return bad("time (10..5000 ms)");
             out.releaseMs = unsigned(n);
+        } else if (name == "--baud") {
+            if (!needValue())
+                return PARSE_ERROR;
+            if (!ParseLong(value, 50, 4000000, n))
+                return bad("baud rate (50..4000000)");
+            out.baud = unsigned(n);
         } else {
             error = "unknown option '" + arg + "'";
             return PARSE_ERROR;
@@ -171,6 +177,8 @@ std::string PanelOptions::Usage(const std::string& program) {
            "  --fan-speed S        initial simulated speed of all three fans (default 2000)\n"
            "  --release-ms MS      a held key goes up when the terminal repeats it no more\n"
            "                       for this long (default 120)\n"
+           "  --baud N             carry the unit's connection as a serial line at N baud\n"
+           "                       (10 bits a byte, both ways), to feel a real panel's lag\n"
            "  --record FILE        save the terminal session as a script for --script\n"
            "  --web HOST:PORT      also show the panel to browsers at http://HOST:PORT/\n"
            "  --web-token TEXT     browsers need TEXT to press keys (made up and printed\n"

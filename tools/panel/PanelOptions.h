@@ -17,6 +17,7 @@ struct PanelOptions_t {
     int16_t temperature = 25;
     uint16_t fanSpeed = 2000;
     unsigned releaseMs = 120;  // a key with no terminal repeat for this long goes up
+    unsigned baud = 0;         // > 0: the connection runs at a serial line's pace
     bool headless = false;
     bool dumpOnChange = false;
     bool ascii = false;              // symbol glyphs as ASCII stand-ins in text dumps
@@ -24,7 +25,7 @@ struct PanelOptions_t {
     std::string record;              // the terminal session is written here as a script
     unsigned syncMs = 150;           // "sync": how long the unit must stay quiet
     unsigned syncTimeoutMs = 10000;  // "sync": how long it may take at most
-    std::string web;       // HOST:PORT for the browser view; empty: none
+    std::string web;                 // HOST:PORT for the browser view; empty: none
     std::string webToken;  // what a browser needs to press keys; empty: loopback needs none
 };
 

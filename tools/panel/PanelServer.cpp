@@ -43,14 +43,17 @@ void PanelServer::Stop() {
     if (acceptor_)
         acceptor_->Cancel();
     std::unique_ptr<FPSIM::PanelSim> sim;
+    std::unique_ptr<FPSIM::SerialTap> tap;
     std::unique_ptr<KT::CStreamSocket> socket;
     {
         std::lock_guard<std::mutex> lock(mutex_);
         sim = std::move(sim_);
+        tap = std::move(tap_);
         socket = std::move(socket_);
         connected_ = false;
     }
     sim.reset();  // stops its threads before the socket goes
+    tap.reset();
     listener_.Close();
 }
 
@@ -67,12 +70,18 @@ bool PanelServer::AcceptRun() {
     config.displayType = options_.displayType;
     config.version = options_.version;
     config.clock = FPSIM::TIME_REAL;
-    std::unique_ptr<FPSIM::PanelSim> sim(new FPSIM::PanelSim(*socket, config));
+    std::unique_ptr<FPSIM::SerialTap> tap;
+    if (options_.baud > 0)
+        tap.reset(new FPSIM::SerialTap(*socket, options_.baud));
+    if (tap && !tap->IsOpen())
+        Log("cannot start the emulated serial line");
+    std::unique_ptr<FPSIM::PanelSim> sim(new FPSIM::PanelSim(tap ? tap->Near() : *socket, config));
     sim->AddObserver(FPSIM::PanelSim::Observer(this, &PanelServer::OnSimChange));
     sim->SetLogSink(FPSIM::PanelSim::LogSink(this, &PanelServer::OnSimLog));
     linkDown_ = false;
 
     std::unique_ptr<FPSIM::PanelSim> oldSim;
+    std::unique_ptr<FPSIM::SerialTap> oldTap;
     std::unique_ptr<KT::CStreamSocket> oldSocket;
     FPSIM::PanelSim* current = sim.get();
     {
@@ -81,13 +90,16 @@ bool PanelServer::AcceptRun() {
         for (unsigned fan = 0; fan < fanSpeed_.size(); ++fan)
             sim->SetFanSpeed(fan, fanSpeed_[fan]);
         oldSim = std::move(sim_);
+        oldTap = std::move(tap_);
         oldSocket = std::move(socket_);
         sim_ = std::move(sim);
+        tap_ = std::move(tap);
         socket_ = std::move(socket);
         connected_ = true;
         ++connections_;
     }
     oldSim.reset();
+    oldTap.reset();
     oldSocket.reset();
     ++changes_;
 

@@ -12,6 +12,7 @@
 #include "kt/StreamSocket.h"
 #include "kt/Thread.h"
 #include "sim/PanelSim.h"
+#include "sim/SerialTap.h"
 #include "tools/panel/PanelOptions.h"
 #include "tools/panel/PanelText.h"
 #include "tools/panel/PanelView.h"
@@ -71,7 +72,8 @@ private:
 
     mutable std::mutex mutex_;  // guards the connection and the readings
     std::unique_ptr<KT::CStreamSocket> socket_;
-    std::unique_ptr<FPSIM::PanelSim> sim_;  // declared after its socket: goes first
+    std::unique_ptr<FPSIM::SerialTap> tap_;  // with --baud: the line the emulator reads
+    std::unique_ptr<FPSIM::PanelSim> sim_;   // declared after its socket: goes first
     bool connected_ = false;
     uint64_t connections_ = 0;
     int16_t temperature_;

@@ -9,6 +9,7 @@
 #include "fp/panel/PanelStack.h"
 #include "kt/StreamSocket.h"
 #include "sim/PanelSim.h"
+#include "sim/SerialPair.h"
 
 namespace {
 
@@ -114,3 +115,36 @@ TEST(PanelStack, TeardownUnderTrafficCallsNoListenerAfterwards) {
 }
 
 }  // namespace
+
+// Through a 115200-baud line: a restarted controller gets the whole panel at the
+// next update, an unchanged one gets nothing.
+TEST(PanelStack, SendingChangesOnlyResendsEverythingAfterTheControllerRestarts) {
+    FPSIM::SerialPair line(115200);
+    ASSERT_TRUE(line.IsOpen());
+    FPSIM::PanelConfig_t config;
+    config.width = 16;
+    config.height = 2;
+    FPSIM::PanelSim sim(line.PanelEnd(), config);
+    FP::PanelStack::Options options;
+    options.sendChangesOnly = true;
+    FP::PanelStack stack(line.UnitEnd(), 16, 2, options);
+    ASSERT_TRUE(sim.Start());
+    ASSERT_TRUE(stack.RoundTrip(5000));  // past the emulator's start-up message
+    FP::DisplayHw& display = stack.Display();
+    display.WriteLine("Menu", 0, FP::LEFT_JUSTIFY, 0);
+    display.WriteLine("Item", 1, FP::LEFT_JUSTIFY, 0);
+    display.SendUpdate();
+    auto texts = [&] {
+        EXPECT_TRUE(stack.RoundTrip(5000));
+        return sim.Snapshot().counters.framesByOp[FP::FpControl::OP_TEXT];
+    };
+    const uint64_t drawn = texts();
+    EXPECT_EQ(drawn, 2u);
+    display.SendUpdate();
+    EXPECT_EQ(texts(), drawn);
+    ASSERT_TRUE(sim.SendFrame(FP::FpControl::OP_INIT, {}));
+    EXPECT_TRUE(stack.RoundTrip(5000));  // the restart has been handled
+    display.SendUpdate();
+    EXPECT_EQ(texts(), drawn + 2);
+    EXPECT_EQ(sim.Snapshot().grid.RenderPlain(), "Menu            \nItem            ");
+}
