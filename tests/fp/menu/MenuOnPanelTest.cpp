@@ -3,10 +3,10 @@
 #include <memory>
 #include <string>
 
-#include "fp/menu/DisplayLine.h"
-#include "fp/lines/IpLine.h"
-#include "fp/menu/MenuStyleBasic.h"
 #include "fp/client/FpClient.h"
+#include "fp/lines/IpLine.h"
+#include "fp/menu/DisplayLine.h"
+#include "fp/menu/MenuStyleBasic.h"
 #include "tests/support/PanelHarness.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"

@@ -2,10 +2,10 @@
 
 #include <vector>
 
+#include "fp/client/FpClient.h"
 #include "fp/lines/ListLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "fp/menu/WizardManager.h"
-#include "fp/client/FpClient.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
