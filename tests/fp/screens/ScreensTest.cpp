@@ -7,10 +7,10 @@
 #include <mutex>
 #include <thread>
 
+#include "fp/client/FpClient.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
-#include "fp/client/FpClient.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -94,28 +94,11 @@ public:
     }
 };
 
-// Writes back on commit, as an application turns its rows on.
-class NetScreen : public FP::BaseConfigScreen {
-public:
-    NetScreen() : BaseConfigScreen(2000, true) {}
-    void CreateLines() override {
-        mode = CreateListLine("Mode:", "net.mode", "0",
-                              std::vector<std::string>{"Off", "Dhcp", "Static", "Bad"}, "");
-    }
-    void BaseConfigureMenu() override {
-        menu.SetTitle("Network");
-        mode->SetDbActive(true);
-        mode->SetSendDbData(true);
-    }
-    FP::BaseLine* mode = nullptr;
-};
-
 class ScreensTest : public ::testing::Test {
 protected:
     ScreensTest() : display(20, 4) {
         store.Declare(TOV::CVarDecl("sys.temp").Default("21"));
         store.Declare(TOV::CVarDecl("sys.fan").Default("2"));
-        store.Declare(TOV::CVarDecl("net.mode").Default("1").Check(TOV::CValidator::Integer(1, 3)));
         fpClient.Attach();
     }
     ~ScreensTest() override { fpClient.Detach(); }
@@ -125,9 +108,6 @@ protected:
         screen.SetClient(&fpClient);
         screen.SetDisplay(&display);
     }
-    std::string Store(const std::string& name) {
-        return store.Read(name, TOV::COid("0")).Val().GetValue();
-    }
 
     TOV::CDataStore store;
     TOV::CTovClient client{store};
@@ -135,7 +115,7 @@ protected:
     fptest::TextDisplay display;
 };
 
-TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswers) {
+TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
     MainScreen main;
     main.GetMenu()->SetExitScreen("Home");
     main.GetMenu()->SetTitle("Main");
@@ -167,11 +147,10 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswers) {
     EXPECT_EQ(press(FP::KEY_EXIT), "Main");
     EXPECT_EQ(press(FP::KEY_EXIT), "Home");
     EXPECT_EQ(main.created, 1);  // entries are built once
-}
 
-TEST_F(ScreensTest, StatusHoverMasksCountRowsAndTargets) {
+    // Status hover masks: arrows only past four rows, Enter only with a target.
     StatScreen five(3), six(4);
-    five.SetSelectScreen("No Screen");
+    five.SetSelectScreen(FP::kNoScreen);
     six.SetSelectScreen("Detail");
     six.GetMenu()->SetExitScreen("Main");
     Wire(five, "Five");
@@ -217,34 +196,6 @@ TEST_F(ScreensTest, BoundScreensRedrawOnEachReadInstanceUntilLeft) {
     ASSERT_TRUE(writeAll("12"));
     EXPECT_EQ(stat.Events(), 3);
     EXPECT_EQ(conf.Events(), 3);
-}
-
-// Queued delivery keeps the redraws of events on this thread.
-TEST_F(ScreensTest, ConfigEditReachesTheEngineOrIsRefused) {
-    TOV::CTovClient queued(store, TOV::CTovClient::DELIVER_QUEUED);
-    FP::FpClient qClient(&queued);
-    NetScreen net;
-    net.SetName("Net");
-    net.SetClient(&qClient);
-    net.SetDisplay(&display);
-    net.Initialize();
-    EXPECT_EQ(net.mode->GetHoverNavMask() & 0x40, 0x40);
-    EXPECT_EQ(net.mode->GetEditNavMask() & 0x40, 0x40);
-    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Off\n\n");
-
-    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER})
-        EXPECT_EQ(net.KeyPress(Key(k)), "No Screen");
-    EXPECT_EQ(Store("net.mode"), "2");
-    EXPECT_EQ(queued.DeliverEvents(), 1u);
-    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Dhcp\n\n");
-
-    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_UP, FP::KEY_ENTER})
-        net.KeyPress(Key(k));
-    EXPECT_EQ(Store("net.mode"), "2");  // "Bad" (4) is refused
-    EXPECT_EQ(queued.DeliverEvents(), 0u);
-    // No event comes, yet the row already shows what the engine kept.
-    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Dhcp\n\n");
-    net.DeInitialize();
 }
 
 }  // namespace
