@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "fp/client/FpClient.h"
+#include "fp/core/Names.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
@@ -140,8 +141,8 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
     };
     main.Initialize();
     EXPECT_EQ(ScreenText(display), "        Main\n>Network\n Status\n");
-    EXPECT_EQ(display.navMasks.back() & 0x40, 0x40);  // exit leads somewhere
-    EXPECT_EQ(press(FP::KEY_DOWN), "No Screen");
+    EXPECT_TRUE(display.navMasks.back() & FP::NavSymbol::kExit);  // exit leads somewhere
+    EXPECT_EQ(press(FP::KEY_DOWN), FP::kNoScreen);
     EXPECT_EQ(press(FP::KEY_ENTER), "Stat");
     EXPECT_EQ(ScreenText(display), "       Status\n Temp:21\n Fan:On\n");
     EXPECT_EQ(press(FP::KEY_EXIT), "Main");
@@ -158,7 +159,8 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
     five.Initialize();
     EXPECT_EQ(display.navMasks.back(), 0x00);
     six.Initialize();
-    EXPECT_EQ(display.navMasks.back(), 0x46);
+    EXPECT_EQ(display.navMasks.back(),
+              FP::NavSymbol::kExit | FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
     EXPECT_EQ(six.KeyPress(Key(FP::KEY_ENTER)), "Detail");
     six.DeInitialize();
     five.DeInitialize();
