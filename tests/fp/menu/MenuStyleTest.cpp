@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fp/client/FpClient.h"
+#include "fp/core/Names.h"
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
@@ -44,7 +45,7 @@ protected:
     }
     void Press(FP::Key_e k, int times = 1) {
         while (times-- > 0)
-            EXPECT_EQ(menu.KeyPress(Key(k)), "No Screen");
+            EXPECT_EQ(menu.KeyPress(Key(k)), FP::kNoScreen);
     }
     std::string Draw() {
         menu.DrawScreen(FP::DRAW_FULL);
@@ -61,7 +62,7 @@ protected:
 TEST_F(MenuTest, ShortMenuUsesOnlyItsRowsDrawsNoArrowsAndGrowsFromTheTop) {
     AddLines(2);
     EXPECT_EQ(Draw(), "        Setup\n>A:a\n B:b\n");
-    EXPECT_EQ(display.navMasks.back(), 6);
+    EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
     Press(FP::KEY_DOWN);
     EXPECT_EQ(menu.GetCursorIndex(), 1);
     AddLines(1);  // the area grows: the cursor goes home
@@ -116,11 +117,11 @@ TEST_F(MenuTest, PagingMenusKeepTheirPageOverAnUnselectableFirstLine) {
 TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
     menu.AddLine(new DisplayLine("eth0"), "Net:", "Network");
     auto l = AddLines(1);
-    l[0]->SetEditNavMask(0x40);
+    l[0]->SetEditNavMask(FP::NavSymbol::kExit);
     Draw();
     EXPECT_EQ(menu.KeyPress(Key(FP::KEY_ENTER)), "Network");
     EXPECT_FALSE(menu.GetEditEnabled());
-    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), "No Screen");
+    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), FP::kNoScreen);
     menu.SetExitScreen("Main");
     EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), "Main");
 
@@ -130,11 +131,11 @@ TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
     menu.SetEditEnabled(true);  // no second enter: still editing
     EXPECT_TRUE(menu.GetEditEnabled());
     menu.DrawScreen(FP::DRAW_REFRESH);
-    EXPECT_EQ(display.navMasks.back(), 0x40);
+    EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kExit);
     EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n B:[b]\n");
     Press(FP::KEY_EXIT);  // leaves the edit, stays on the screen
     EXPECT_FALSE(menu.GetEditEnabled());
-    EXPECT_EQ(display.navMasks.back(), 6);
+    EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
     EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n>B:b\n");
 }
 
