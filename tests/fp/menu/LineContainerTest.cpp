@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "fp/core/Names.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/LineContainer.h"
 
@@ -65,8 +66,8 @@ TEST_F(LineContainerTest, InsertAndRemoveRenumberBothLists) {
 }
 
 TEST_F(LineContainerTest, OwnsEveryLineOnceAndAnswersNullOutside) {
-    EXPECT_EQ(c.GetChildMenu(0), "No Screen");
-    EXPECT_EQ(c.GetChildMenu(-1), "No Screen");
+    EXPECT_EQ(c.GetChildMenu(0), FP::kNoScreen);
+    EXPECT_EQ(c.GetChildMenu(-1), FP::kNoScreen);
     EXPECT_EQ(c.GetLiveLine(3), nullptr);
     EXPECT_EQ(c[-1], nullptr);
     EXPECT_EQ(c.GetLine(7), nullptr);
