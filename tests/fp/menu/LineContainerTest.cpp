@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "fp/core/Names.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/LineContainer.h"
 
@@ -12,17 +13,12 @@ struct CountedLine : FP::DisplayLine {
     int* deaths;
 };
 
-std::string Live(const FP::LineContainer& c) {
+// Each line's value and its index in the whole list, live lines or all of them.
+std::string Lines(const FP::LineContainer& c, bool live = true) {
     std::string s;
-    for (int i = 0; i < c.GetNumLiveLines(); ++i)
-        s += c.GetLiveLine(i)->GetCurrentString() + std::to_string(c.GetLineIndex(i));
-    return s;
-}
-
-std::string All(const FP::LineContainer& c) {
-    std::string s;
-    for (int i = 0; i < c.GetNumTotalLines(); ++i) {
-        s += c.GetLine(i)->GetCurrentString() + std::to_string(c.GetLineIndex(c.GetLine(i)));
+    for (int i = 0; i < (live ? c.GetNumLiveLines() : c.GetNumTotalLines()); ++i) {
+        FP::BaseLine* l = live ? c.GetLiveLine(i) : c.GetLine(i);
+        s += l->GetCurrentString() + std::to_string(live ? c.GetLineIndex(i) : c.GetLineIndex(l));
     }
     return s;
 }
@@ -43,35 +39,35 @@ protected:
 TEST_F(LineContainerTest, SkipAndUseKeepPlaces) {
     EXPECT_TRUE(c.SkipLine(1));
     EXPECT_FALSE(c.SkipLine(1));
-    EXPECT_EQ(Live(c), "A0C2");
+    EXPECT_EQ(Lines(c), "A0C2");
     EXPECT_EQ(c.GetLiveLineIndex(lines[2]), 1);
     EXPECT_EQ(c.GetLiveLineIndex(lines[1]), -1);
     EXPECT_TRUE(c.UseLine(1));
-    EXPECT_EQ(Live(c), "A0B1C2");
+    EXPECT_EQ(Lines(c), "A0B1C2");
     c.SkipLine(0);
     c.SkipLine(2);
     c.UseAllLines();
-    EXPECT_EQ(Live(c), "A0B1C2");
+    EXPECT_EQ(Lines(c), "A0B1C2");
 }
 
 TEST_F(LineContainerTest, InsertAndRemoveRenumberBothLists) {
     auto* x = new CountedLine("x", &deaths);
     EXPECT_FALSE(c.InsertLine(x, 3));
     EXPECT_TRUE(c.InsertLine(x, 1));
-    EXPECT_EQ(Live(c), "A0x1B2C3");
-    EXPECT_EQ(All(c), "A0x1B2C3");
+    EXPECT_EQ(Lines(c), "A0x1B2C3");
+    EXPECT_EQ(Lines(c, false), "A0x1B2C3");
     EXPECT_EQ(c.GetChildMenu(1), "");  // inserted lines lead to an empty name
     EXPECT_TRUE(c.RemoveLine(0));
     EXPECT_FALSE(c.RemoveLine(-1));
-    EXPECT_EQ(Live(c), "x0B1C2");
-    EXPECT_EQ(All(c), "x0B1C2");
+    EXPECT_EQ(Lines(c), "x0B1C2");
+    EXPECT_EQ(Lines(c, false), "x0B1C2");
     EXPECT_EQ(deaths, 0);  // a removed line goes back to the caller
     delete lines[0];
 }
 
 TEST_F(LineContainerTest, OwnsEveryLineOnceAndAnswersNullOutside) {
-    EXPECT_EQ(c.GetChildMenu(0), "No Screen");
-    EXPECT_EQ(c.GetChildMenu(-1), "No Screen");
+    EXPECT_EQ(c.GetChildMenu(0), FP::kNoScreen);
+    EXPECT_EQ(c.GetChildMenu(-1), FP::kNoScreen);
     EXPECT_EQ(c.GetLiveLine(3), nullptr);
     EXPECT_EQ(c[-1], nullptr);
     EXPECT_EQ(c.GetLine(7), nullptr);

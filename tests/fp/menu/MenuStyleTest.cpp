@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fp/client/FpClient.h"
+#include "fp/core/Names.h"
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
@@ -16,12 +17,6 @@ using fptest::ScreenText;
 FP::KeyState_t Key(FP::Key_e k) {
     return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
 }
-
-struct CountedLine : DisplayLine {
-    CountedLine(const std::string& v, int* deaths) : DisplayLine(v), deaths(deaths) {}
-    ~CountedLine() override { ++*deaths; }
-    int* deaths;
-};
 
 // A menu on a real display model, bound to the embedded data engine.
 class MenuTest : public ::testing::Test {
@@ -50,7 +45,7 @@ protected:
     }
     void Press(FP::Key_e k, int times = 1) {
         while (times-- > 0)
-            EXPECT_EQ(menu.KeyPress(Key(k)), "No Screen");
+            EXPECT_EQ(menu.KeyPress(Key(k)), FP::kNoScreen);
     }
     std::string Draw() {
         menu.DrawScreen(FP::DRAW_FULL);
@@ -64,50 +59,27 @@ protected:
     FP::MenuStyleBasic menu;
 };
 
-TEST_F(MenuTest, ShortMenuUsesOnlyItsRowsAndDrawsNoArrows) {
+TEST_F(MenuTest, ShortMenuUsesOnlyItsRowsDrawsNoArrowsAndGrowsFromTheTop) {
     AddLines(2);
-    EXPECT_EQ(Draw(),
-              "        Setup\n"
-              ">A:a\n"
-              " B:b\n");
-    EXPECT_EQ(display.navMasks.back(), 6);
-}
-
-TEST_F(MenuTest, AddingALineWhileTheAreaGrowsReturnsToTheFirst) {
-    AddLines(2);
+    EXPECT_EQ(Draw(), "        Setup\n>A:a\n B:b\n");
+    EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
     Press(FP::KEY_DOWN);
     EXPECT_EQ(menu.GetCursorIndex(), 1);
-    AddLines(1);
+    AddLines(1);  // the area grows: the cursor goes home
     EXPECT_EQ(menu.GetCursorIndex(), 0);
 }
 
 TEST_F(MenuTest, ScrollsALongMenuAndWrapsAtBothEnds) {
     AddLines(6);
-    EXPECT_EQ(Draw(),
-              "        Setup\n"
-              ">A:a\n"
-              " B:b\n"
-              " C:c              v");
+    const std::string top = Draw();
+    EXPECT_EQ(top, "        Setup\n>A:a\n B:b\n C:c              v");
     Press(FP::KEY_DOWN, 3);
-    EXPECT_EQ(ScreenText(display),
-              "        Setup\n"
-              " B:b              ^\n"
-              " C:c\n"
-              ">D:d              v");
+    EXPECT_EQ(ScreenText(display), "        Setup\n B:b              ^\n C:c\n>D:d              v");
     Press(FP::KEY_DOWN, 3);  // past the end: back to the top
-    EXPECT_EQ(ScreenText(display), Draw());
     EXPECT_EQ(menu.GetCursorIndex(), 0);
-    EXPECT_EQ(ScreenText(display),
-              "        Setup\n"
-              ">A:a\n"
-              " B:b\n"
-              " C:c              v");
+    EXPECT_EQ(ScreenText(display), top);
     Press(FP::KEY_UP);  // before the start: the last line
-    EXPECT_EQ(ScreenText(display),
-              "        Setup\n"
-              " D:d              ^\n"
-              " E:e\n"
-              ">F:f");
+    EXPECT_EQ(ScreenText(display), "        Setup\n D:d              ^\n E:e\n>F:f");
 }
 
 TEST_F(MenuTest, StepsOverUnselectableLinesAndSendsEachLinesMask) {
@@ -145,11 +117,11 @@ TEST_F(MenuTest, PagingMenusKeepTheirPageOverAnUnselectableFirstLine) {
 TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
     menu.AddLine(new DisplayLine("eth0"), "Net:", "Network");
     auto l = AddLines(1);
-    l[0]->SetEditNavMask(0x40);
+    l[0]->SetEditNavMask(FP::NavSymbol::kExit);
     Draw();
     EXPECT_EQ(menu.KeyPress(Key(FP::KEY_ENTER)), "Network");
     EXPECT_FALSE(menu.GetEditEnabled());
-    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), "No Screen");
+    EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), FP::kNoScreen);
     menu.SetExitScreen("Main");
     EXPECT_EQ(menu.KeyPress(Key(FP::KEY_EXIT)), "Main");
 
@@ -159,18 +131,12 @@ TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
     menu.SetEditEnabled(true);  // no second enter: still editing
     EXPECT_TRUE(menu.GetEditEnabled());
     menu.DrawScreen(FP::DRAW_REFRESH);
-    EXPECT_EQ(display.navMasks.back(), 0x40);
-    EXPECT_EQ(ScreenText(display),
-              "        Setup\n"
-              " Net:eth0\n"
-              " B:[b]\n");
+    EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kExit);
+    EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n B:[b]\n");
     Press(FP::KEY_EXIT);  // leaves the edit, stays on the screen
     EXPECT_FALSE(menu.GetEditEnabled());
-    EXPECT_EQ(display.navMasks.back(), 6);
-    EXPECT_EQ(ScreenText(display),
-              "        Setup\n"
-              " Net:eth0\n"
-              ">B:b\n");
+    EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
+    EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n>B:b\n");
 }
 
 TEST_F(MenuTest, SkipsAndUsesLinesUnderTheCursor) {
@@ -181,21 +147,14 @@ TEST_F(MenuTest, SkipsAndUsesLinesUnderTheCursor) {
     EXPECT_EQ(menu.Count(), 2);
     EXPECT_FALSE(menu.IsLiveLineActive(l[2]));
     EXPECT_EQ(menu.GetCursorIndex(), 0);  // D's old position is gone
-    EXPECT_EQ(Draw(),
-              "        Setup\n"
-              ">A:a\n"
-              " D:d\n");
+    EXPECT_EQ(Draw(), "        Setup\n>A:a\n D:d\n");
     Press(FP::KEY_DOWN);
     menu.SetSkipLine(l[1], false);
     EXPECT_EQ(menu.GetCursorIndex(), 1);  // still position 1, now B
     EXPECT_EQ(menu.GetCurrentValue(1), "b");
     EXPECT_EQ(menu.GetCurrentValue(9), "");
     menu.SkipLine(3);
-    EXPECT_EQ(Draw(),
-              "        Setup\n"
-              " A:a\n"
-              ">B:b\n"
-              " C:c");
+    EXPECT_EQ(Draw(), "        Setup\n A:a\n>B:b\n C:c");
 }
 
 TEST_F(MenuTest, BoundLinesAndTitleAreReadOnEveryDraw) {
@@ -206,16 +165,10 @@ TEST_F(MenuTest, BoundLinesAndTitleAreReadOnEveryDraw) {
     menu.AddLine(speed, "Speed");
     auto* name = new FP::ScrollLine("unit.name", "0");
     menu.AddLine(name);
-    EXPECT_EQ(Draw(),
-              "     Unit alpha\n"
-              ">Speed12 rpm\n"
-              " alpha\n");
+    EXPECT_EQ(Draw(), "     Unit alpha\n>Speed12 rpm\n alpha\n");
     tov.SendOp("tester", "unit.speed", TOV::COid("0"), "99");
     tov.SendOp("tester", "unit.name", TOV::COid("0"), "beta");
-    EXPECT_EQ(Draw(),
-              "      Unit beta\n"
-              ">Speed99 rpm\n"
-              " beta\n");
+    EXPECT_EQ(Draw(), "      Unit beta\n>Speed99 rpm\n beta\n");
 
     speed->SendDbData("7");  // writing back is off by default
     EXPECT_EQ(client.GetData(std::string("unit.speed"), "0"), "99");
@@ -241,39 +194,14 @@ protected:
     SmallMenuTest() : MenuTest(16, 2) {}
 };
 
+// One row: both arrows share its last cell.
 TEST_F(SmallMenuTest, OneRowScrollsWithBothArrowsInOneCell) {
     AddLines(3);
-    EXPECT_EQ(Draw(),
-              "      Setup\n"
-              ">A:a          v");
+    EXPECT_EQ(Draw(), "      Setup\n>A:a          v");
     Press(FP::KEY_DOWN);
-    EXPECT_EQ(ScreenText(display),
-              "      Setup\n"
-              ">B:b          v");
+    EXPECT_EQ(ScreenText(display), "      Setup\n>B:b          v");
     Press(FP::KEY_DOWN);
-    EXPECT_EQ(ScreenText(display),
-              "      Setup\n"
-              ">C:c          ^");
-}
-
-TEST(MenuOwnership, EveryLineDiesOnceAndTheTitleSurvives) {
-    int deaths = 0;
-    fptest::TextDisplay display(16, 2);
-    FP::BaseLine* title = nullptr;
-    {
-        FP::MenuStyleBasic menu;
-        menu.SetDisplay(&display);
-        menu.SetTitle("T");
-        for (int i = 0; i < 4; ++i)
-            menu.AddLine(new CountedLine("v", &deaths));
-        menu.SkipLine(1);
-        EXPECT_TRUE(menu.ReplaceLine(new CountedLine("w", &deaths), 2, "New"));
-        EXPECT_EQ(deaths, 1);
-        title = menu.GetTitle();
-    }
-    EXPECT_EQ(deaths, 5);
-    EXPECT_EQ(title->GetCurrentString(), "T");  // still ours to delete
-    delete title;
+    EXPECT_EQ(ScreenText(display), "      Setup\n>C:c          ^");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "fp/client/FpClient.h"
+#include "fp/core/Names.h"
 #include "fp/lines/ListLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "fp/menu/WizardManager.h"
@@ -51,7 +52,7 @@ protected:
     void Press(std::initializer_list<FP::Key_e> keys) {
         for (FP::Key_e k : keys)
             EXPECT_EQ(wizard.HandleKeyPress(FP::KeyState_t{k, FP::KEY_STATE_DOWN}, &display),
-                      "No Screen");
+                      FP::kNoScreen);
     }
     std::string Stored(const char* name) {
         return store.Read(name, TOV::COid("0")).Val().GetValue();

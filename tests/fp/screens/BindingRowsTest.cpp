@@ -22,28 +22,24 @@ namespace {
 
 using fptest::ScreenText;
 
-// A configuration screen whose rows come from the test.
-class Config : public FP::BaseConfigScreen {
+// A configuration or status screen whose rows come from the test.
+template <class Base>
+class Rows : public Base {
 public:
-    explicit Config(std::function<void(Config&)> make)
-        : BaseConfigScreen(2000, true), make_(std::move(make)) {}
-    void CreateLines() override { make_(*this); }
-    using BaseConfigScreen::AddBound;
-
-private:
-    std::function<void(Config&)> make_;
-};
-
-class Status : public FP::BaseStatusScreen {
-public:
-    explicit Status(std::function<void(Status&)> make) : make_(std::move(make)) {
-        SetSelectScreen(FP::kNoScreen);
-    }
+    explicit Rows(std::function<void(Rows&)> make) : make_(std::move(make)) {}
     void CreateLines() override { make_(*this); }
 
 private:
-    std::function<void(Status&)> make_;
+    std::function<void(Rows&)> make_;
 };
+struct ConfigBase : FP::BaseConfigScreen {
+    ConfigBase() : BaseConfigScreen(2000, true) {}
+};
+struct StatusBase : FP::BaseStatusScreen {
+    StatusBase() { SetSelectScreen(FP::kNoScreen); }
+};
+using Config = Rows<ConfigBase>;
+using Status = Rows<StatusBase>;
 
 // The unit as a restart sees it: a store (on the test's file when asked), a
 // client and a 20x4 panel. Rebuilt by Restart; the file stays.
@@ -53,25 +49,19 @@ struct Unit {
             EXPECT_TRUE(store.Open(file).Success());
         }
         using TOV::CValidator;
-        using TOV::CVarDecl;
-        store.Declare(
-            CVarDecl("net.dhcp").Default("0").Check(CValidator::Integer(0, 1)).Persistent());
-        store.Declare(CVarDecl("fan.mode")
-                          .Default("eco")
-                          .Check(CValidator::OneOf({"eco", "perf"}))
-                          .Persistent());
-        store.Declare(CVarDecl("sys.volt").Default("125"));
-        store.Declare(
-            CVarDecl("app.limit").Default("2.5").Check(CValidator::Real(0, 50)).Persistent());
-        store.Declare(
-            CVarDecl("app.steps").Default("25").Check(CValidator::Integer(0, 500)).Persistent());
-        store.Declare(CVarDecl("clock.date")
-                          .Default("2026/01/31")
-                          .Check(CValidator::Custom(CValidator::Function([](const std::string& v) {
-                              return FP::EngineDateLine::IsCalendarDate(v) ? "" : "no such date";
-                          })))
-                          .Persistent());
-        store.Declare(CVarDecl("clock.time").Default("23:59:58").Persistent());
+        auto keep = [this](const char* name, const char* value, const CValidator& check) {
+            store.Declare(TOV::CVarDecl(name).Default(value).Check(check).Persistent());
+        };
+        keep("net.dhcp", "0", CValidator::Integer(0, 1));
+        keep("fan.mode", "eco", CValidator::OneOf({"eco", "perf"}));
+        keep("app.limit", "2.5", CValidator::Real(0, 50));
+        keep("app.steps", "25", CValidator::Integer(0, 500));
+        keep("clock.date", "2026/01/31",
+             CValidator::Custom(CValidator::Function([](const std::string& v) {
+                 return FP::EngineDateLine::IsCalendarDate(v) ? "" : "no such date";
+             })));
+        store.Declare(TOV::CVarDecl("clock.time").Default("23:59:58").Persistent());
+        store.Declare(TOV::CVarDecl("sys.volt").Default("125"));
         fp.Attach();
     }
     ~Unit() { fp.Detach(); }
@@ -81,9 +71,15 @@ struct Unit {
         screen.SetDisplay(&display);
         screen.Initialize();
     }
-    void Keys(FP::BaseScreen& screen, std::initializer_list<FP::Key_e> keys) {
-        for (FP::Key_e k : keys)
-            screen.KeyPress(FP::KeyState_t{k, FP::KEY_STATE_DOWN});
+    // Presses keys spelled E enter, ^ up, v down, < left, > right.
+    void Keys(FP::BaseScreen& screen, const std::string& keys) {
+        const std::map<char, FP::Key_e> named{{'E', FP::KEY_ENTER},
+                                              {'^', FP::KEY_UP},
+                                              {'v', FP::KEY_DOWN},
+                                              {'<', FP::KEY_LEFT},
+                                              {'>', FP::KEY_RIGHT}};
+        for (char k : keys)
+            screen.KeyPress(FP::KeyState_t{named.at(k), FP::KEY_STATE_DOWN});
     }
     std::string Var(const std::string& name) {
         return store.Read(name, TOV::COid("0")).Val().GetValue();
@@ -129,8 +125,7 @@ TEST_P(BindingRowsTest, ChoiceRowsStoreKeysAndShowThemAfterARestart) {
         Config screen(ChoiceRows);
         unit->Show(screen);
         EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:Off\n Fan:Eco\n");
-        unit->Keys(screen, {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER, FP::KEY_DOWN, FP::KEY_ENTER,
-                            FP::KEY_UP, FP::KEY_ENTER});
+        unit->Keys(screen, "E^EvE^E");
         EXPECT_EQ(unit->Var("net.dhcp"), "1");
         EXPECT_EQ(unit->Var("fan.mode"), "perf");
     }
@@ -143,23 +138,6 @@ TEST_P(BindingRowsTest, ChoiceRowsStoreKeysAndShowThemAfterARestart) {
         EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:Off\n Fan:Eco\n");
 }
 
-TEST_P(BindingRowsTest, AValueThatIsNoKeyShowsAPlaceholderLoggedOnce) {
-    fptest::LogCapture log("fp.lines");
-    unit->store.Declare(TOV::CVarDecl("fan.speed").Default("fast"));
-    Status screen([](Status& s) {
-        s.CreateChoiceLine("Fan:", "fan.speed", "0",
-                           std::map<std::string, std::string>{{"slow", "Slow"}}, "");
-    });
-    unit->Show(screen);
-    screen.DrawScreen();
-    screen.DrawScreen();
-    EXPECT_EQ(ScreenText(unit->display), "\n Fan:?\n\n");
-    EXPECT_EQ(log.Count("SetCurrentValue() fan.speed/0 holds \"fast\"", true), 1u);
-    unit->store.Write("other", "fan.speed", TOV::COid("0"), "slow");
-    screen.DrawScreen();
-    EXPECT_EQ(ScreenText(unit->display), "\n Fan:Slow\n\n");
-}
-
 void NumberRows(Config& s) {
     s.CreateNumberLine("Lim:", "app.limit", "0", 0, 99.9, 1, "A", FP::EngineNumberLine::STORE_TEXT);
     s.CreateNumberLine("Stp:", "app.steps", "0", 0, 99.9, 1, "V", FP::EngineNumberLine::STORE_STEPS,
@@ -170,21 +148,18 @@ void NumberRows(Config& s) {
 // second commit past what the engine allows is refused and the row goes
 // back to what is stored.
 TEST_P(BindingRowsTest, NumberRowsWriteWhatTheyShowAndShowItAfterARestart) {
-    const std::initializer_list<FP::Key_e> edit{FP::KEY_ENTER, FP::KEY_UP,    FP::KEY_RIGHT,
-                                                FP::KEY_UP,    FP::KEY_RIGHT, FP::KEY_UP,
-                                                FP::KEY_ENTER};
+    const std::string edit = "E^>^>^E";
     {
         Config screen(NumberRows);
         unit->Show(screen);
         EXPECT_EQ(ScreenText(unit->display), "\n>Lim:02.5A\n Stp:02.5V\n");
         unit->Keys(screen, edit);
-        unit->Keys(screen, {FP::KEY_DOWN});
+        unit->Keys(screen, "v");
         unit->Keys(screen, edit);
         EXPECT_EQ(unit->Var("app.limit"), "13.6");
         EXPECT_EQ(unit->Var("app.steps"), "136");
         fptest::LogCapture log("fp.client");
-        unit->Keys(screen, {FP::KEY_UP, FP::KEY_ENTER, FP::KEY_LEFT, FP::KEY_LEFT, FP::KEY_UP,
-                            FP::KEY_UP, FP::KEY_UP, FP::KEY_UP, FP::KEY_ENTER});
+        unit->Keys(screen, "^E<<^^^^E");
         EXPECT_EQ(log.Count("SendDataWait() app.limit/0 refused \"53.6\"", true), 1u);
         EXPECT_EQ(ScreenText(unit->display), "\n>Lim:13.6A\n Stp:13.6V\n");
     }
@@ -197,7 +172,7 @@ TEST_P(BindingRowsTest, NumberRowsWriteWhatTheyShowAndShowItAfterARestart) {
 
 // A scale with no steps is said once, when the row is made; a stored text
 // that is no number shows as a placeholder. Scaled status numbers round.
-TEST_P(BindingRowsTest, NumberRowsShowPlaceholdersAndScaledValues) {
+TEST_P(BindingRowsTest, RowsShowPlaceholdersForWhatTheyCannotShowAndScaledValues) {
     fptest::LogCapture log("fp.lines");
     unit->store.Declare(TOV::CVarDecl("app.free").Default("abc"));
     Config config([](Config& s) {
@@ -210,15 +185,24 @@ TEST_P(BindingRowsTest, NumberRowsShowPlaceholdersAndScaledValues) {
     EXPECT_EQ(ScreenText(unit->display), "\n>Z:?\n L:?\n");
     EXPECT_EQ(log.Count("CheckScale() No steps of scale 0", true), 1u);
     EXPECT_EQ(log.Count("SetCurrentValue() app.free/0 holds \"abc\", which is not a number"), 1u);
-    unit->Keys(config, {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER});
+    unit->Keys(config, "E^E");
     EXPECT_EQ(unit->Var("app.steps"), "25");
 
+    // A choice row whose value is no key shows a placeholder, said once over two draws.
+    unit->store.Declare(TOV::CVarDecl("fan.speed").Default("fast"));
     Status status([](Status& s) {
         s.CreateScaledNumberLine("V:", "sys.volt", "0", "", false, 0, 0.1);
         s.CreateScaledNumberLine("W:", "sys.volt", "0", "", false, 2, 0.1);
+        s.CreateChoiceLine("Fan:", "fan.speed", "0",
+                           std::map<std::string, std::string>{{"slow", "Slow"}}, "");
     });
     unit->Show(status);
-    EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n");
+    status.DrawScreen();
+    EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n Fan:?");
+    EXPECT_EQ(log.Count("SetCurrentValue() fan.speed/0 holds \"fast\"", true), 1u);
+    unit->store.Write("other", "fan.speed", TOV::COid("0"), "slow");
+    status.DrawScreen();
+    EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n Fan:Slow");
 }
 
 void ClockRows(Config& s) {
@@ -231,12 +215,10 @@ TEST_P(BindingRowsTest, DateAndTimeRowsRefuseNoDayAndShowTheirValueAfterARestart
         Config screen(ClockRows);
         unit->Show(screen);
         EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
-        unit->Keys(screen, {FP::KEY_ENTER, FP::KEY_RIGHT, FP::KEY_UP, FP::KEY_ENTER});
+        unit->Keys(screen, "E>^E");
         EXPECT_EQ(unit->Var("clock.date"), "2026/01/31");  // 31 February
         EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
-        unit->Keys(screen, {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_RIGHT, FP::KEY_DOWN, FP::KEY_DOWN,
-                            FP::KEY_DOWN, FP::KEY_ENTER, FP::KEY_DOWN, FP::KEY_ENTER, FP::KEY_UP,
-                            FP::KEY_ENTER});
+        unit->Keys(screen, "E^>vvvEvE^E");
         EXPECT_EQ(unit->Var("clock.date"), "2026/02/28");
         EXPECT_EQ(unit->Var("clock.time"), "00:59:58");
     }

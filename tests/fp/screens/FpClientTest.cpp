@@ -38,8 +38,6 @@ protected:
                                      .Check(CValidator::Integer(0, 9))
                                      .Persistent())
                         .Success());
-        ASSERT_TRUE(store.Declare(CVarDecl("net.ip").Default("10.0.0.2")).Success());
-        ASSERT_TRUE(store.Declare(CVarDecl("net.dns.1").Default("1.1.1.1")).Success());
         fp.Attach();
     }
     void TearDown() override {
@@ -61,9 +59,6 @@ std::string Stdout(const std::function<std::string()>& call, std::string& result
 }  // namespace
 
 TEST_P(FpClientTest, ReadsAndChecksArguments) {
-    EXPECT_EQ(&client, fp.GetClientObject());
-    EXPECT_EQ("0", fp.GetUnitDbInstance());
-    EXPECT_NE(nullptr, fp.GetWakeUpTimer());
     EXPECT_EQ("3", fp.GetData(std::string("contrast"), "1"));
     EXPECT_TRUE(fp.ExistsInDb("contrast", "0"));
     EXPECT_FALSE(fp.ExistsInDb("contrast", "5"));
@@ -81,19 +76,6 @@ TEST_P(FpClientTest, ReadsAndChecksArguments) {
               Stdout([&] { return fp.GetData(empty, "0"); }, got));
     EXPECT_EQ("", Stdout([&] { return fp.GetData(name, "0"); }, got));
     EXPECT_EQ("3", got);
-
-    CParam groups = fp.GetGroups("net");
-    ASSERT_EQ(1u, groups.Length());
-    EXPECT_EQ("10.0.0.2", groups["net.ip"]["0"].GetValue());
-
-    CParam request;
-    request.AddParam(CParam("contrast1"));
-    request.AddParam(CParam("net.ip0"));
-    CRet vars = fp.GetVars("tov.fp", request);
-    EXPECT_TRUE(vars.Success());
-    EXPECT_EQ("3", vars.Val()["contrast"]["1"].GetValue());
-    EXPECT_EQ(1u, fp.GetVarsByValue("tov.fp", request, "10.0.0.2").Val().Length());
-    EXPECT_EQ("3", fp.GetVal("contrast", "0").Val().GetValue());
 }
 
 TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
@@ -140,12 +122,6 @@ TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
     EXPECT_TRUE(fp.SendOp("other", "contrast", COid("0"), "7").Success());
     EXPECT_EQ(3u, client.DeliverEvents());
     EXPECT_EQ("contrast/0=7 by other", sink.last);
-
-    CTxn txn;
-    txn.Add("contrast", COid("0"), "8");
-    txn.Add("contrast", COid("1"), "x");
-    EXPECT_FALSE(fp.SendTxn("wizard", txn).Success());
-    EXPECT_EQ("7", fp.GetData(std::string("contrast"), "0"));
     ASSERT_TRUE(fp.RemoveManagedEventHandler("contrast", &sink, "0").Success());
     EXPECT_TRUE(fp.SendDataWait("contrast", "0", "1"));
     EXPECT_EQ(0u, client.DeliverEvents());

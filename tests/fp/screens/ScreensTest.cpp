@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "fp/client/FpClient.h"
+#include "fp/core/Names.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
@@ -94,28 +95,11 @@ public:
     }
 };
 
-// Writes back on commit, as an application turns its rows on.
-class NetScreen : public FP::BaseConfigScreen {
-public:
-    NetScreen() : BaseConfigScreen(2000, true) {}
-    void CreateLines() override {
-        mode = CreateListLine("Mode:", "net.mode", "0",
-                              std::vector<std::string>{"Off", "Dhcp", "Static", "Bad"}, "");
-    }
-    void BaseConfigureMenu() override {
-        menu.SetTitle("Network");
-        mode->SetDbActive(true);
-        mode->SetSendDbData(true);
-    }
-    FP::BaseLine* mode = nullptr;
-};
-
 class ScreensTest : public ::testing::Test {
 protected:
     ScreensTest() : display(20, 4) {
         store.Declare(TOV::CVarDecl("sys.temp").Default("21"));
         store.Declare(TOV::CVarDecl("sys.fan").Default("2"));
-        store.Declare(TOV::CVarDecl("net.mode").Default("1").Check(TOV::CValidator::Integer(1, 3)));
         fpClient.Attach();
     }
     ~ScreensTest() override { fpClient.Detach(); }
@@ -125,9 +109,6 @@ protected:
         screen.SetClient(&fpClient);
         screen.SetDisplay(&display);
     }
-    std::string Store(const std::string& name) {
-        return store.Read(name, TOV::COid("0")).Val().GetValue();
-    }
 
     TOV::CDataStore store;
     TOV::CTovClient client{store};
@@ -135,7 +116,7 @@ protected:
     fptest::TextDisplay display;
 };
 
-TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswers) {
+TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
     MainScreen main;
     main.GetMenu()->SetExitScreen("Home");
     main.GetMenu()->SetTitle("Main");
@@ -160,18 +141,17 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswers) {
     };
     main.Initialize();
     EXPECT_EQ(ScreenText(display), "        Main\n>Network\n Status\n");
-    EXPECT_EQ(display.navMasks.back() & 0x40, 0x40);  // exit leads somewhere
-    EXPECT_EQ(press(FP::KEY_DOWN), "No Screen");
+    EXPECT_TRUE(display.navMasks.back() & FP::NavSymbol::kExit);  // exit leads somewhere
+    EXPECT_EQ(press(FP::KEY_DOWN), FP::kNoScreen);
     EXPECT_EQ(press(FP::KEY_ENTER), "Stat");
     EXPECT_EQ(ScreenText(display), "       Status\n Temp:21\n Fan:On\n");
     EXPECT_EQ(press(FP::KEY_EXIT), "Main");
     EXPECT_EQ(press(FP::KEY_EXIT), "Home");
     EXPECT_EQ(main.created, 1);  // entries are built once
-}
 
-TEST_F(ScreensTest, StatusHoverMasksCountRowsAndTargets) {
+    // Status hover masks: arrows only past four rows, Enter only with a target.
     StatScreen five(3), six(4);
-    five.SetSelectScreen("No Screen");
+    five.SetSelectScreen(FP::kNoScreen);
     six.SetSelectScreen("Detail");
     six.GetMenu()->SetExitScreen("Main");
     Wire(five, "Five");
@@ -179,7 +159,8 @@ TEST_F(ScreensTest, StatusHoverMasksCountRowsAndTargets) {
     five.Initialize();
     EXPECT_EQ(display.navMasks.back(), 0x00);
     six.Initialize();
-    EXPECT_EQ(display.navMasks.back(), 0x46);
+    EXPECT_EQ(display.navMasks.back(),
+              FP::NavSymbol::kExit | FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
     EXPECT_EQ(six.KeyPress(Key(FP::KEY_ENTER)), "Detail");
     six.DeInitialize();
     five.DeInitialize();
@@ -217,34 +198,6 @@ TEST_F(ScreensTest, BoundScreensRedrawOnEachReadInstanceUntilLeft) {
     ASSERT_TRUE(writeAll("12"));
     EXPECT_EQ(stat.Events(), 3);
     EXPECT_EQ(conf.Events(), 3);
-}
-
-// Queued delivery keeps the redraws of events on this thread.
-TEST_F(ScreensTest, ConfigEditReachesTheEngineOrIsRefused) {
-    TOV::CTovClient queued(store, TOV::CTovClient::DELIVER_QUEUED);
-    FP::FpClient qClient(&queued);
-    NetScreen net;
-    net.SetName("Net");
-    net.SetClient(&qClient);
-    net.SetDisplay(&display);
-    net.Initialize();
-    EXPECT_EQ(net.mode->GetHoverNavMask() & 0x40, 0x40);
-    EXPECT_EQ(net.mode->GetEditNavMask() & 0x40, 0x40);
-    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Off\n\n");
-
-    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER})
-        EXPECT_EQ(net.KeyPress(Key(k)), "No Screen");
-    EXPECT_EQ(Store("net.mode"), "2");
-    EXPECT_EQ(queued.DeliverEvents(), 1u);
-    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Dhcp\n\n");
-
-    for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_UP, FP::KEY_UP, FP::KEY_ENTER})
-        net.KeyPress(Key(k));
-    EXPECT_EQ(Store("net.mode"), "2");  // "Bad" (4) is refused
-    EXPECT_EQ(queued.DeliverEvents(), 0u);
-    // No event comes, yet the row already shows what the engine kept.
-    EXPECT_EQ(ScreenText(display), "       Network\n>Mode:Dhcp\n\n");
-    net.DeInitialize();
 }
 
 }  // namespace

@@ -56,7 +56,6 @@ class Browser {
 public:
     Browser(unsigned port, const char* origin = nullptr) {
         char error[256] = "";
-        const std::string host = "127.0.0.1:" + std::to_string(port);
         conn_ = mg_connect_websocket_client("127.0.0.1", int(port), 0, error, sizeof error, "/ws",
                                             origin, &Browser::OnData, &Browser::OnClose, this);
     }
