@@ -25,12 +25,18 @@ private:
 
 namespace {
 
-// Stray-byte lines differ only in positions and byte values.
+// Stray-byte lines differ only in positions and byte values: every run of
+// digits counts as one placeholder.
 std::string KindOf(const std::string& message) {
-    std::string key = message;
-    for (char& c : key)
-        if (std::isdigit(static_cast<unsigned char>(c)))
-            c = '#';
+    std::string key;
+    key.reserve(message.size());
+    for (char c : message) {
+        const bool digit = std::isdigit(static_cast<unsigned char>(c));
+        if (!digit)
+            key += c;
+        else if (key.empty() || key.back() != '#')
+            key += '#';
+    }
     return key;
 }
 
