@@ -57,6 +57,8 @@ bool SetUpLog(const FPDEMO::DemoOptions_t& o, std::string& path) {
 }
 
 const FP::Key_e kNoKey = FP::KEY_NONE;
+// How long a script waits for the panel to answer before giving up.
+const unsigned kLinkWaitMs = 5000;
 
 // What the headless run prints: the panel as the emulator shows it.
 void PrintPanel(FPDEMO::EmbeddedPanel* panel, FPDEMO::DemoUnit& unit, bool ascii,
@@ -203,26 +205,27 @@ int main(int argc, char** argv) {
     }
 
     const bool terminal = isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
-    const bool tour = !o.headless && !terminal && o.web.empty();
+    const bool tour = !o.headless && !terminal && o.web.empty() && !o.serve;
     std::unique_ptr<FPDEMO::EmbeddedPanel> panel;
-    FPDEMO::DemoUnit unit(store, o.width, o.height);
-    FPDEMO::DemoUnit::Connector connector;
+    FP::Unit::Options options;
+    options.width = o.width;
+    options.height = o.height;
     if (o.panel.empty()) {
         panel.reset(new FPDEMO::EmbeddedPanel(o.width, o.height));
         std::shared_ptr<std::unique_ptr<KT::CStreamSocket>> end(
             new std::unique_ptr<KT::CStreamSocket>(panel->TakeUnitEnd()));
-        connector = [end] { return std::move(*end); };
+        options.connector = [end](std::string& reason) {
+            reason = "the built-in panel is gone";
+            return std::move(*end);
+        };
         if (!panel->Start()) {
             std::fprintf(stderr, "fp-demo: the built-in panel emulator did not start\n");
             return 1;
         }
     } else {
-        const std::string address = o.panel;
-        connector = [address]() -> std::unique_ptr<KT::CStreamSocket> {
-            std::unique_ptr<KT::CStreamSocket> s(new KT::CStreamSocket);
-            return s->Open(address) ? std::move(s) : nullptr;
-        };
+        options.address = o.panel;
     }
+    FPDEMO::DemoUnit unit(store, options);
 
     std::unique_ptr<FPPANEL::CursesScreen> screen;
     FPPANEL::PanelOptions_t view;
@@ -237,9 +240,17 @@ int main(int argc, char** argv) {
             std::fflush(stdout);
         });
     }
-    if (!unit.Start(connector, !panel)) {
+    if (!unit.Start()) {
         screen.reset();
-        std::fprintf(stderr, "fp-demo: no panel link\n");
+        std::fprintf(stderr, "fp-demo: no panel link: %s\n", unit.LinkReason().c_str());
+        return 1;
+    }
+    // A script needs the panel; a panel that cannot be reached is an error, not a wait.
+    const bool scripted = o.headless || tour;
+    if (!unit.Unit().WaitLinkUp(scripted ? kLinkWaitMs : 0) && scripted) {
+        unit.Stop();
+        std::fprintf(stderr, "fp-demo: no panel at %s: %s\n", o.panel.c_str(),
+                     unit.LinkReason().c_str());
         return 1;
     }
     if (!panel && !unit.LinkUp())
@@ -248,9 +259,9 @@ int main(int argc, char** argv) {
     int rc = 0;
     if (!o.web.empty()) {
         rc = ServeWeb(web, *panel, unit, o.ascii);
-    } else if (screen) {
+    } else if (screen && !o.serve) {
         screen->Run(gQuit);
-    } else if (o.headless || tour) {
+    } else if (scripted && !o.serve) {
         rc = RunScript(tour ? std::string(kTour) : o.keys, o, panel.get(), unit, tour);
     } else {
         std::printf("fp-demo: driving the panel at %s; Ctrl-C quits\n", o.panel.c_str());
