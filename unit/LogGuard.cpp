@@ -40,14 +40,13 @@ std::string KindOf(const std::string& message) {
     return key;
 }
 
-void Forward(const log4cpp::LoggingEvent& event) {
-    log4cpp::Category::getRoot().callAppenders(event);
-}
-
 }  // namespace
 
 LogGuard::LogGuard(const std::string& category, const Options& options)
     : category_(log4cpp::Category::getInstance(category)),
+      // Looked up once: the lookup takes the hierarchy's lock, which must not
+      // be taken while log4cpp holds the category's.
+      root_(log4cpp::Category::getRoot()),
       options_(options),
       additivity_(category_.getAdditivity()),
       appender_(new Appender(*this)) {
@@ -90,7 +89,7 @@ void LogGuard::Take(const log4cpp::LoggingEvent& event) {
         }
     }
     if (pass)
-        Forward(event);
+        root_.callAppenders(event);
 }
 
 void LogGuard::Summarize(const std::string& key, Kind_t& kind) {
@@ -99,7 +98,7 @@ void LogGuard::Summarize(const std::string& key, Kind_t& kind) {
     const std::string line =
         std::to_string(kind.dropped) + " similar lines suppressed (\"" + key + "\")";
     kind.dropped = 0;
-    Forward(log4cpp::LoggingEvent(category_.getName(), line, "", kind.priority));
+    root_.callAppenders(log4cpp::LoggingEvent(category_.getName(), line, "", kind.priority));
 }
 
 void LogGuard::Flush() {

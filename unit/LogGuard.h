@@ -64,6 +64,7 @@ private:
     void Summarize(const std::string& key, Kind_t& kind);
 
     log4cpp::Category& category_;
+    log4cpp::Category& root_;
     const Options options_;
     const bool additivity_;
     Appender* appender_;

@@ -155,7 +155,14 @@ void Unit::ShowScreen(const std::string& name) {
 void Unit::OnKeyPress(Key_e key) {
     heard_ = true;
     ++keysReported_;
-    Enqueue(Event_t{Event_t::KEY, int(key)});
+    // Tagged with its link, so keys of a panel that has gone are not played
+    // on the next one.
+    Enqueue(Event_t{Event_t::KEY, int(key), keypadLink_.load()});
+}
+
+void Unit::PressKey(Key_e key) {
+    ++keysReported_;
+    Enqueue(Event_t{Event_t::KEY, int(key), -1});
 }
 
 void Unit::OnTemperature(short value) {
@@ -304,7 +311,7 @@ long Unit::NextDueMs() const {
 void Unit::Handle(Event_t& event) {
     switch (event.kind) {
         case Event_t::KEY:
-            HandleKey(Key_e(event.a));
+            HandleKey(Key_e(event.a), event.b);
             break;
         case Event_t::ENGINE: {
             std::lock_guard<std::mutex> lock(mutex_);
@@ -314,6 +321,7 @@ void Unit::Handle(Event_t& event) {
             tov_.DeliverEvents();
             break;
         case Event_t::LINK_UP:
+            linkNumber_ = event.a;
             Install(event.link);
             break;
         case Event_t::LINK_DOWN:
@@ -366,7 +374,9 @@ void Unit::Handle(Event_t& event) {
     }
 }
 
-void Unit::HandleKey(Key_e key) {
+void Unit::HandleKey(Key_e key, int link) {
+    if (link != -1 && link != linkNumber_)
+        return;  // a key of a panel that is gone
     lastKey_ = Now();
     if (idle_) {
         // The waking key only brings the panel back; acting on it would
@@ -450,6 +460,7 @@ void Unit::Install(const std::shared_ptr<PanelConnection>& link) {
 }
 
 void Unit::Release() {
+    linkNumber_ = 0;
     display_->SetTarget(nullptr);
     link_.reset();
 }
@@ -583,6 +594,7 @@ std::shared_ptr<PanelConnection> Unit::Connect(std::string& reason, bool& perman
         new PanelConnection(std::move(socket), options_.width, options_.height));
     PanelStack& stack = link->Stack();
     stack.Control().SetInitHandler(KT::CFunctor<void()>(this, &Unit::OnRestart));
+    keypadLink_ = ++links_;
     stack.Keypad().SetCallback(this);
     stack.Keypad().StartThreads();
     // An open device is not yet a panel: a silent one counts as down.
@@ -663,7 +675,7 @@ void Unit::LinkRun() {
             std::lock_guard<std::mutex> lock(mutex_);
             linkUp_ = true;
         }
-        Event_t up{Event_t::LINK_UP};
+        Event_t up{Event_t::LINK_UP, keypadLink_.load()};
         up.link = link;
         Enqueue(std::move(up));
 
@@ -684,8 +696,10 @@ void Unit::LinkRun() {
         Event_t down{Event_t::LINK_DOWN};
         down.link = link;
         down.text = why;
-        Enqueue(std::move(down));
+        // Ahead of whatever waits: the keys behind it are of the dead link anyway.
         std::unique_lock<std::mutex> lock(mutex_);
+        queue_.push_front(std::move(down));
+        changed_.notify_all();
         changed_.wait(lock, [&] { return stopping_ || released_ > ticket; });
     }
 }

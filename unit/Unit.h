@@ -135,7 +135,7 @@ public:
     /// Runs call on the UI thread.
     void Post(std::function<void()> call);
     /// A key from elsewhere than the panel, handled like a panel key.
-    void PressKey(Key_e key) { OnKeyPress(key); }
+    void PressKey(Key_e key);
 
     /// What the panel shows besides the display; remembered and sent again
     /// on every new link.
@@ -217,7 +217,7 @@ private:
     void UiRun();
     bool Next(Event_t& event, bool wait);
     void Handle(Event_t& event);
-    void HandleKey(Key_e key);
+    void HandleKey(Key_e key, int link);
     void Timers();
     Clock::time_point NextDue() const;
     void Switch(const std::string& name);
@@ -262,6 +262,7 @@ private:
     Clock::time_point lastKey_;
     bool idle_ = false;
     bool started_ = false;
+    int linkNumber_ = 0;  // of the link installed; 0 while down
 
     mutable std::mutex mutex_;
     std::condition_variable changed_;
@@ -274,7 +275,9 @@ private:
     bool pumpDone_ = false;           // guarded by mutex_
     bool stopping_ = false;           // guarded by mutex_
     std::string lastReported_ = "-";  // link thread only
+    int links_ = 0;                   // link thread only: links opened
 
+    std::atomic<int> keypadLink_{0};  // the link whose keypad reports keys now
     std::atomic<bool> heard_{false};  // read thread sets, link thread clears
     std::atomic<bool> linkUp_{false};
     std::atomic<unsigned> reconnects_{0};
