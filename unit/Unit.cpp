@@ -107,6 +107,7 @@ void Unit::Stop() {
         stopping_ = true;
     }
     changed_.notify_all();
+    linkWake_.notify_all();
     if (ui_.joinable()) {
         Enqueue(Event_t{Event_t::QUIT});
         ui_.join();
@@ -332,7 +333,7 @@ void Unit::Handle(Event_t& event) {
                 std::lock_guard<std::mutex> lock(mutex_);
                 ++released_;
             }
-            changed_.notify_all();
+            linkWake_.notify_all();
             if (linkListener_)
                 linkListener_(LinkEvent_t{false, event.text});
             break;
@@ -558,7 +559,7 @@ void Unit::PumpRun() {
 
 bool Unit::Pause(unsigned ms) {
     std::unique_lock<std::mutex> lock(mutex_);
-    return !changed_.wait_for(lock, std::chrono::milliseconds(ms), [&] { return stopping_; });
+    return !linkWake_.wait_for(lock, std::chrono::milliseconds(ms), [&] { return stopping_; });
 }
 
 bool Unit::Report(bool up, const std::string& reason) {
@@ -700,7 +701,7 @@ void Unit::LinkRun() {
         std::unique_lock<std::mutex> lock(mutex_);
         queue_.push_front(std::move(down));
         changed_.notify_all();
-        changed_.wait(lock, [&] { return stopping_ || released_ > ticket; });
+        linkWake_.wait(lock, [&] { return stopping_ || released_ > ticket; });
     }
 }
 

@@ -266,16 +266,17 @@ private:
 
     mutable std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<Event_t> queue_;       // guarded by mutex_
-    std::string currentName_;         // guarded by mutex_
-    unsigned long syncPosted_ = 0;    // guarded by mutex_
-    unsigned long syncDone_ = 0;      // guarded by mutex_
-    unsigned long released_ = 0;      // guarded by mutex_: links the UI let go of
-    bool enginePending_ = false;      // guarded by mutex_
-    bool pumpDone_ = false;           // guarded by mutex_
-    bool stopping_ = false;           // guarded by mutex_
-    std::string lastReported_ = "-";  // link thread only
-    int links_ = 0;                   // link thread only: links opened
+    std::condition_variable linkWake_;  // the link thread's own, so UI traffic does not wake it
+    std::deque<Event_t> queue_;         // guarded by mutex_
+    std::string currentName_;           // guarded by mutex_
+    unsigned long syncPosted_ = 0;      // guarded by mutex_
+    unsigned long syncDone_ = 0;        // guarded by mutex_
+    unsigned long released_ = 0;        // guarded by mutex_: links the UI let go of
+    bool enginePending_ = false;        // guarded by mutex_
+    bool pumpDone_ = false;             // guarded by mutex_
+    bool stopping_ = false;             // guarded by mutex_
+    std::string lastReported_ = "-";    // link thread only
+    int links_ = 0;                     // link thread only: links opened
 
     std::atomic<int> keypadLink_{0};  // the link whose keypad reports keys now
     std::atomic<bool> heard_{false};  // read thread sets, link thread clears

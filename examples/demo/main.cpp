@@ -1,9 +1,11 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <log4cpp/Category.hh>
 #include <log4cpp/FileAppender.hh>
 #include <log4cpp/PatternLayout.hh>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -24,8 +26,13 @@ namespace {
 
 volatile std::sig_atomic_t gQuit = 0;
 
+int gQuitPipe[2] = {-1, -1};
+
 void OnQuitSignal(int) {
     gQuit = 1;
+    const int saved = errno;
+    (void)!::write(gQuitPipe[1], "q", 1);
+    errno = saved;
 }
 
 void Install(int signo) {
@@ -54,6 +61,16 @@ bool SetUpLog(const FPDEMO::DemoOptions_t& o, std::string& path) {
     root.addAppender(appender);
     root.setPriority(o.debug ? log4cpp::Priority::DEBUG : log4cpp::Priority::WARN);
     return ::access(path.c_str(), W_OK) == 0;
+}
+
+// Sleeps until SIGINT or SIGTERM, without waking in between. Any thread
+// may take the signal, so the handler also writes to this pipe.
+void WaitForQuit() {
+    while (!gQuit) {
+        char byte;
+        if (::read(gQuitPipe[0], &byte, 1) < 0 && errno != EINTR)
+            break;
+    }
 }
 
 const FP::Key_e kNoKey = FP::KEY_NONE;
@@ -181,6 +198,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::signal(SIGPIPE, SIG_IGN);  // a panel that vanishes shows up as a failed write
+    if (::pipe2(gQuitPipe, O_CLOEXEC) != 0)
+        return 1;
     Install(SIGINT);
     Install(SIGTERM);
 
@@ -266,8 +285,7 @@ int main(int argc, char** argv) {
     } else {
         std::printf("fp-demo: driving the panel at %s; Ctrl-C quits\n", o.panel.c_str());
         std::fflush(stdout);
-        while (!gQuit)
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        WaitForQuit();
     }
     unit.Stop();
     screen.reset();
