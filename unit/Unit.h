@@ -75,6 +75,7 @@ public:
         Connector connector;
         /// The display, in character cells.
         unsigned width = 20;
+        /// Rows of the display.
         unsigned height = 4;
         /// The screen shown first; the first one added when empty.
         std::string firstScreen;
@@ -140,8 +141,11 @@ public:
     /// What the panel shows besides the display; remembered and sent again
     /// on every new link.
     void SetLed(FpControl::Led_e led, bool on);
+    /// The status light; remembered like SetLed.
     void SetUnitStatus(FpControl::UnitStatus_e status);
+    /// The backlight level; remembered like SetLed (and restored after idle).
     void SetBrightness(unsigned char level);
+    /// The fans on or off; remembered like SetLed.
     void SetFans(bool on);
     /// Subscribes to the panel's reports (interval in tenths of a second).
     void Subscribe(unsigned char intervalTenths, bool temperature,
