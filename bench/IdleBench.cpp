@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <string>
 #include <thread>
 
@@ -17,9 +18,13 @@
 #include "fp/input/Keypad.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "fp/screens/BaseScreen.h"
+#include "kt/StreamSocket.h"
+#include "sim/PanelSim.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 #include "tov/VarDecl.h"
+#include "unit/Unit.h"
 
 namespace {
 
@@ -52,14 +57,41 @@ std::map<std::string, double> ThreadSwitches() {
     return out;
 }
 
+// Wake-ups per second of every thread over seconds of rest, against limit.
+void Measure(benchmark::State& state, double seconds, double limit) {
+    for (auto _ : state) {
+        const auto before = ThreadSwitches();
+        std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+        const auto after = ThreadSwitches();
+        double total = 0;
+        for (const auto& t : after) {
+            auto b = before.find(t.first);
+            const double d = t.second - (b == before.end() ? 0 : b->second);
+            // The measuring thread's own sleep is not the stack's, and the
+            // emulator's threads stand for the panel's hardware.
+            if (t.first.rfind("fp_bench_idle#", 0) == 0 || t.first.rfind("fpsim", 0) == 0)
+                continue;
+            total += d;
+            if (d > 0)
+                state.counters["wake/s " + t.first.substr(0, t.first.find('#'))] += d / seconds;
+        }
+        state.counters["wakeups_per_s"] = total / seconds;
+        state.counters["limit_per_s"] = limit;
+    }
+}
+
+double Seconds() {
+    const char* env = std::getenv("FP_BENCH_IDLE_SECONDS");
+    return env ? std::atof(env) : 3.0;
+}
+
 class NoKeys : public FP::IKeyPress {
 public:
     void OnKeyPress(FP::Key_e) override {}
 };
 
 void BM_Idle(benchmark::State& state) {
-    const char* env = std::getenv("FP_BENCH_IDLE_SECONDS");
-    const double seconds = env ? std::atof(env) : 3.0;
+    const double seconds = Seconds();
     // The emulator on its manual clock: it stands for hardware and must not
     // add wake-ups of its own to the process.
     fpbench::PanelLink link(20, 4, FPSIM::TIME_MANUAL);
@@ -81,29 +113,60 @@ void BM_Idle(benchmark::State& state) {
     menu.DrawScreen(FP::DRAW_FULL);
     link.Control().GetDisplayType();
 
-    for (auto _ : state) {
-        const auto before = ThreadSwitches();
-        std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
-        const auto after = ThreadSwitches();
-        double total = 0;
-        for (const auto& t : after) {
-            auto b = before.find(t.first);
-            const double d = t.second - (b == before.end() ? 0 : b->second);
-            // The measuring thread's own sleep is not the stack's.
-            if (t.first.rfind("fp_bench_idle#", 0) == 0)
-                continue;
-            total += d;
-            if (d > 0)
-                state.counters["wake/s " + t.first.substr(0, t.first.find('#'))] += d / seconds;
-        }
-        state.counters["wakeups_per_s"] = total / seconds;
-        state.counters["limit_per_s"] = 1000.0 / FP::Keypad::kWatchWaitMs;
-    }
+    Measure(state, seconds, 1000.0 / FP::Keypad::kWatchWaitMs);
     state.counters["rss_kB"] = StatusField("/proc/self/status", "VmRSS");
     state.counters["threads"] = static_cast<double>(ThreadSwitches().size());
     delete menu.GetTitle();
 }
 BENCHMARK(BM_Idle)->Iterations(1)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+// A screen of ten engine rows; polls every range(0) ms, or never for 0.
+class RowsScreen : public FP::BaseScreen {
+public:
+    explicit RowsScreen(int pollMs) : FP::BaseScreen(pollMs ? pollMs : 1000, pollMs != 0) {
+        SetName("Rows");
+        menu.SetTitle("Idle");
+        for (int i = 0; i < 10; ++i)
+            menu.AddLine(new FP::DisplayLine("idle.v" + std::to_string(i), "0"), "Value ");
+    }
+};
+
+// The unit runtime at rest on a panel in another process (here: the
+// emulator on its manual clock, which adds no wake-ups): the UI, engine and
+// link threads besides the keypad's. The limit is the keypad's tick plus the
+// screen's poll rate; liveness_per_s is the link check's request rate, which
+// comes on top (a request and its answer wake three threads).
+void BM_IdleUnit(benchmark::State& state) {
+    const int pollMs = static_cast<int>(state.range(0));
+    TOV::CDataStore store;
+    for (int i = 0; i < 10; ++i)
+        store.Declare(TOV::CVarDecl("idle.v" + std::to_string(i)).Default(std::to_string(i)));
+    std::unique_ptr<KT::CStreamSocket> unitEnd(new KT::CStreamSocket);
+    KT::CStreamSocket panelEnd;
+    KT::CStreamSocket::CreatePair(*unitEnd, panelEnd);
+    FPSIM::PanelConfig_t config;
+    config.clock = FPSIM::TIME_MANUAL;
+    FPSIM::PanelSim sim(panelEnd, config);
+    sim.Start();
+    FP::Unit::Options options;
+    options.connector = [&unitEnd](std::string&) { return std::move(unitEnd); };
+    FP::Unit unit(store, options);
+    unit.AddScreen(std::unique_ptr<FP::BaseScreen>(new RowsScreen(pollMs)));
+    unit.Start();
+    unit.WaitLinkUp(5000);
+    unit.WaitIdle(5000);
+    const double limit = 1000.0 / FP::Keypad::kWatchWaitMs + (pollMs ? 1000.0 / pollMs : 0);
+    Measure(state, Seconds(), limit);
+    state.counters["liveness_per_s"] = 1000.0 / options.livenessPeriodMs;
+    unit.Stop();
+    sim.Stop();
+}
+BENCHMARK(BM_IdleUnit)
+    ->Arg(0)
+    ->Arg(1000)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

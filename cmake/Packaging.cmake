@@ -37,6 +37,16 @@ string(REGEX REPLACE "/$" "" FP_PC_UP "${FP_PC_UP}")
 configure_file(${PROJECT_SOURCE_DIR}/cmake/fp.pc.in ${PROJECT_BINARY_DIR}/fp.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/fp.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+# --- unit runtime (libfpunit, fp::unit): opt-in, installed beside libfp -----
+install(TARGETS fpunit EXPORT fpTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/unit DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/fp-unit.pc.in ${PROJECT_BINARY_DIR}/fp-unit.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/fp-unit.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+# --- end of unit runtime ----------------------------------------------------
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libfp-dev)
 set(CPACK_PACKAGE_VENDOR "fp developers")

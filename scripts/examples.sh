@@ -65,7 +65,7 @@ session() {
     pids+=("$panel_pid")
     exec 3>"$work/$tag.in"
     for _ in $(seq 100); do [ -S "$sock" ] && break; sleep 0.1; done
-    "$unit" --panel "unix:$sock" --db "$db" >"$work/$tag.unit" 2>"$work/$tag.unit-err" &
+    "$unit" --panel "unix:$sock" --db "$db" --until-panel-quits >"$work/$tag.unit" 2>"$work/$tag.unit-err" &
     local unit_pid=$!
     pids+=("$unit_pid")
     for _ in $(seq 100); do grep -q 'unit connected' "$work/$tag.err" && break; sleep 0.1; done

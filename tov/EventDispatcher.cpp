@@ -77,9 +77,18 @@ size_t CEventDispatcher::DeliverPending() {
 
 bool CEventDispatcher::WaitPending(unsigned int ms) {
     std::unique_lock<std::mutex> lock(mutex_);
+    const unsigned long wakes = wakes_;
     return changed_.wait_for(lock, std::chrono::milliseconds(ms), [&] {
-        return !pending_.empty() || stopping_;
+        return !pending_.empty() || stopping_ || wakes_ != wakes;
     }) && !pending_.empty();
+}
+
+void CEventDispatcher::WakeWaiters() {
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        ++wakes_;
+    }
+    changed_.notify_all();
 }
 
 bool CEventDispatcher::WaitIdle(unsigned int ms) {

@@ -48,6 +48,8 @@ public:
     size_t DeliverPending();
     /// Waits up to ms for an event to be pending; true if one is.
     bool WaitPending(unsigned int ms);
+    /// Makes every WaitPending in progress return now, as if it timed out.
+    void WakeWaiters();
     /// Waits up to ms until nothing is pending or being delivered; true if so.
     bool WaitIdle(unsigned int ms);
 
@@ -60,6 +62,7 @@ private:
     std::condition_variable changed_;
     std::deque<Event_t> pending_;
     bool stopping_ = false;
+    unsigned long wakes_ = 0;  // bumped by WakeWaiters
     std::thread thread_;
     // The call in progress, if any, and the thread making it.
     IManagedEventSink* busySink_ = nullptr;

@@ -108,4 +108,9 @@ bool CTovClient::WaitEvents(unsigned int ms) {
     return queue_ ? queue_->WaitPending(ms) : false;
 }
 
+void CTovClient::WakeEventWaiters() {
+    if (queue_)
+        queue_->WakeWaiters();
+}
+
 }  // namespace TOV

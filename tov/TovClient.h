@@ -78,6 +78,10 @@ public:
     /// Queued mode: waits up to ms for an event; false on timeout and
     /// always in the other mode.
     bool WaitEvents(unsigned int ms);
+    /// Queued mode: ends every WaitEvents in progress at once (it answers as
+    /// for a timeout), so a waiting thread can be stopped without a short
+    /// polling period.
+    void WakeEventWaiters();
 
     /// The delivery mode chosen at construction.
     Delivery_e GetDelivery() const { return delivery_; }

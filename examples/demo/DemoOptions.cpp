@@ -71,6 +71,8 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
         } else if (name == "--web" || name == "--web-token") {
             if (!value(name == "--web" ? out.web : out.webToken))
                 return PARSE_ERROR;
+        } else if (name == "--serve") {
+            out.serve = true;
         } else if (name == "--headless") {
             out.headless = true;
         } else if (name == "--trace") {
@@ -84,6 +86,10 @@ DemoOptions::Result_e DemoOptions::Parse(int argc, const char* const* argv, Demo
             error = "unknown option '" + name + "'";
             return PARSE_ERROR;
         }
+    }
+    if (out.serve && out.panel.empty()) {
+        error = "--serve drives an external panel; give it --panel";
+        return PARSE_ERROR;
     }
     if (!out.web.empty() && (!out.panel.empty() || !out.keys.empty())) {
         error = "--web shows the built-in panel live; it goes with neither --panel nor --keys";
@@ -122,6 +128,8 @@ std::string DemoOptions::Usage(const std::string& program) {
            "                     the terminal, until Ctrl-C (e.g. --web 127.0.0.1:8080)\n"
            "  --web-token TEXT   browsers need TEXT to press keys (made up and printed\n"
            "                     when HOST is not a loopback address)\n"
+           "  --serve            no screen: keep driving --panel until SIGINT or SIGTERM,\n"
+           "                     printing link changes (for CI and services)\n"
            "  --headless         no screen: play --keys, print the panel, exit\n"
            "  --keys SCRIPT      keys to play, e.g. \"DOWN DOWN ENTER\"; names as fp-panel's\n"
            "                     (UP DOWN LEFT RIGHT ENTER EXIT BACKSPACE DELETE SPACE 0-9\n"

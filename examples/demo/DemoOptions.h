@@ -11,6 +11,7 @@ struct DemoOptions_t {
     std::string db;     // empty: the default file; ":memory:" for none
     std::string log;    // empty: the default file
     bool headless = false;
+    bool serve = false;  // stay up against --panel with no terminal, until a signal
     std::string keys;
     std::string snapshot;  // where to save the panel once the keys have played
     bool trace = false;

@@ -1,9 +1,11 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <log4cpp/Category.hh>
 #include <log4cpp/FileAppender.hh>
 #include <log4cpp/PatternLayout.hh>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -25,8 +27,13 @@ namespace {
 
 volatile std::sig_atomic_t gQuit = 0;
 
+int gQuitPipe[2] = {-1, -1};
+
 void OnQuitSignal(int) {
     gQuit = 1;
+    const int saved = errno;
+    (void)!::write(gQuitPipe[1], "q", 1);
+    errno = saved;
 }
 
 void Install(int signo) {
@@ -57,7 +64,19 @@ bool SetUpLog(const FPDEMO::DemoOptions_t& o, std::string& path) {
     return ::access(path.c_str(), W_OK) == 0;
 }
 
+// Sleeps until SIGINT or SIGTERM, without waking in between. Any thread
+// may take the signal, so the handler also writes to this pipe.
+void WaitForQuit() {
+    while (!gQuit) {
+        char byte;
+        if (::read(gQuitPipe[0], &byte, 1) < 0 && errno != EINTR)
+            break;
+    }
+}
+
 const FP::Key_e kNoKey = FP::KEY_NONE;
+// How long a script waits for the panel to answer before giving up.
+const unsigned kLinkWaitMs = 5000;
 
 // What the headless run prints: the panel as the emulator shows it.
 void PrintPanel(FPDEMO::EmbeddedPanel* panel, FPDEMO::DemoUnit& unit, bool ascii,
@@ -180,6 +199,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::signal(SIGPIPE, SIG_IGN);  // a panel that vanishes shows up as a failed write
+    if (::pipe2(gQuitPipe, O_CLOEXEC) != 0)
+        return 1;
     Install(SIGINT);
     Install(SIGTERM);
 
@@ -204,26 +225,27 @@ int main(int argc, char** argv) {
     }
 
     const bool terminal = isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
-    const bool tour = !o.headless && !terminal && o.web.empty();
+    const bool tour = !o.headless && !terminal && o.web.empty() && !o.serve;
     std::unique_ptr<FPDEMO::EmbeddedPanel> panel;
-    FPDEMO::DemoUnit unit(store, o.width, o.height);
-    FPDEMO::DemoUnit::Connector connector;
+    FP::Unit::Options options;
+    options.width = o.width;
+    options.height = o.height;
     if (o.panel.empty()) {
         panel.reset(new FPDEMO::EmbeddedPanel(o.width, o.height));
         std::shared_ptr<std::unique_ptr<KT::CStreamSocket>> end(
             new std::unique_ptr<KT::CStreamSocket>(panel->TakeUnitEnd()));
-        connector = [end] { return std::move(*end); };
+        options.connector = [end](std::string& reason) {
+            reason = "the built-in panel is gone";
+            return std::move(*end);
+        };
         if (!panel->Start()) {
             std::fprintf(stderr, "fp-demo: the built-in panel emulator did not start\n");
             return 1;
         }
     } else {
-        const std::string address = o.panel;
-        connector = [address]() -> std::unique_ptr<KT::CStreamSocket> {
-            std::unique_ptr<KT::CStreamSocket> s(new KT::CStreamSocket);
-            return s->Open(address) ? std::move(s) : nullptr;
-        };
+        options.address = o.panel;
     }
+    FPDEMO::DemoUnit unit(store, options);
 
     std::unique_ptr<FPPANEL::CursesScreen> screen;
     FPPANEL::PanelOptions_t view;
@@ -238,9 +260,17 @@ int main(int argc, char** argv) {
             std::fflush(stdout);
         });
     }
-    if (!unit.Start(connector, !panel)) {
+    if (!unit.Start()) {
         screen.reset();
-        std::fprintf(stderr, "fp-demo: no panel link\n");
+        std::fprintf(stderr, "fp-demo: no panel link: %s\n", unit.LinkReason().c_str());
+        return 1;
+    }
+    // A script needs the panel; a panel that cannot be reached is an error, not a wait.
+    const bool scripted = o.headless || tour;
+    if (!unit.Unit().WaitLinkUp(scripted ? kLinkWaitMs : 0) && scripted) {
+        unit.Stop();
+        std::fprintf(stderr, "fp-demo: no panel at %s: %s\n", o.panel.c_str(),
+                     unit.LinkReason().c_str());
         return 1;
     }
     if (!panel && !unit.LinkUp())
@@ -249,9 +279,9 @@ int main(int argc, char** argv) {
     int rc = 0;
     if (!o.web.empty()) {
         rc = ServeWeb(web, *panel, unit, o.ascii);
-    } else if (screen) {
+    } else if (screen && !o.serve) {
         screen->Run(gQuit);
-    } else if (o.headless || tour) {
+    } else if (scripted && !o.serve) {
         rc = RunScript(tour ? std::string(kTour) : o.keys, o, panel.get(), unit, tour);
         if (rc == 0 && !o.snapshot.empty() &&
             !FPPANEL::PanelSnapshot::Save(o.snapshot, panel->Snapshot(), !o.ascii, error)) {
@@ -261,8 +291,7 @@ int main(int argc, char** argv) {
     } else {
         std::printf("fp-demo: driving the panel at %s; Ctrl-C quits\n", o.panel.c_str());
         std::fflush(stdout);
-        while (!gQuit)
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        WaitForQuit();
     }
     unit.Stop();
     screen.reset();

@@ -316,6 +316,30 @@ TEST_F(DemoTest, ReconnectsWhenAnExternalPanelComesBack) {
     EXPECT_EQ(demo.Wait(), 0) << Slurp(dir + "/demo");
 }
 
+// The README prints the program whole; it is the one built here, and it runs.
+TEST_F(DemoTest, ReadmeUnitIsPrintedWholeAndDrivesAPanel) {
+    const std::string source = Slurp(std::string(FP_SOURCE_DIR) + "/examples/readme-unit/main.cpp");
+    ASSERT_FALSE(source.empty());
+    EXPECT_NE(std::string::npos,
+              Slurp(std::string(FP_SOURCE_DIR) + "/README.md").find("```cpp\n" + source + "```"));
+
+    const std::string address = "unix:" + dir + "/panel.sock";
+    Child panel({FP_PANEL_EXE, "--headless", "--dump-on-change", "--ascii", "--listen", address},
+                dir + "/panel");
+    ASSERT_TRUE(WaitFor([&] { return access((dir + "/panel.sock").c_str(), F_OK) == 0; }));
+    Child unit({FP_README_UNIT_EXE, address}, dir + "/unit");
+    ASSERT_TRUE(WaitFor([&] {
+        return Slurp(dir + "/panel").find("Brightness:5") != std::string::npos;
+    })) << Slurp(dir + "/panel");
+    unit.Signal(SIGTERM);
+    EXPECT_EQ(0, unit.Wait());
+    EXPECT_NE(std::string::npos, Slurp(dir + "/unit").find("panel up"));
+
+    Child bad({FP_README_UNIT_EXE, "tcp:127.0.0.1"}, dir + "/bad");
+    EXPECT_EQ(1, bad.Wait());
+    EXPECT_NE(std::string::npos, Slurp(dir + "/bad").find("malformed address"));
+}
+
 TEST_F(DemoTest, DrawsThePanelInARealTerminalAndQuitsOnCtrlQ) {
     if (std::system("command -v tmux >/dev/null 2>&1") != 0)
         GTEST_SKIP() << "tmux is not installed";

@@ -80,14 +80,11 @@ TEST(Soak, KeyStormEngineWritesAndLinkDrops) {
             }
         });
 
-        FPDEMO::DemoUnit unit(store, 20, 4);
+        FP::Unit::Options options;
+        options.address = address;
+        FPDEMO::DemoUnit unit(store, options);
         unit.SetNotice([](const std::string&) {});
-        ASSERT_TRUE(unit.Start(
-            [address]() -> std::unique_ptr<KT::CStreamSocket> {
-                std::unique_ptr<KT::CStreamSocket> s(new KT::CStreamSocket);
-                return s->Open(address) ? std::move(s) : nullptr;
-            },
-            true));
+        ASSERT_TRUE(unit.Start());
 
         // A writer on a thread of its own, as another part of the unit would.
         std::thread writer([&] {

@@ -4,17 +4,18 @@
 
 #include "fp/display/Display.h"
 
-namespace FPDEMO {
+namespace FP {
 
-// The display model the screens draw into for the whole run. What changes is
-// sent on through the panel display of the current link, and dropped while
-// there is none; the link's display comes and goes with reconnects, this one
-// stays, so no screen is left pointing at a display that is gone.
-class PanelDisplay : public FP::Display {
+// The display model screens draw into for the unit's whole life. Changes go
+// on to the display of the current link and are dropped while there is none,
+// so no screen ever points at a display that went away with a dropped link.
+// Threads: the UI thread only.
+class RelayDisplay : public Display {
 public:
-    PanelDisplay(unsigned int width, unsigned int height) : FP::Display(width, height) {}
+    RelayDisplay(unsigned int width, unsigned int height) : Display(width, height) {}
     // Null while the link is down.
-    void SetTarget(FP::Display* target) { target_ = target; }
+    void SetTarget(Display* target) { target_ = target; }
+    bool HasTarget() const { return target_ != nullptr; }
 
     void ClearHwDisplay() override;
     void SendBlankChars(unsigned int count, unsigned int column, unsigned int line) override;
@@ -25,7 +26,7 @@ public:
     void SendNavSymbols(unsigned char mask) override;
 
 private:
-    FP::Display* target_ = nullptr;
+    Display* target_ = nullptr;
 };
 
-}  // namespace FPDEMO
+}  // namespace FP
