@@ -485,6 +485,7 @@ void Unit::Restore() {
         panelHook_(control);
     // Whatever the panel showed is gone: blank it and send the whole screen.
     (void)control.ClearDisplay();
+    link_->Stack().Display().ResendAll();  // in SEND_CHANGES it must forget what the panel showed
     display_->ForceUpdate();
     if (refusalShown_)
         refusalShown_ = false;
@@ -591,8 +592,12 @@ std::shared_ptr<PanelConnection> Unit::Connect(std::string& reason, bool& perman
             reason = "cannot open the link";
         return nullptr;
     }
+    PanelStack::Options stackOptions;
+    stackOptions.sendChangesOnly =
+        options_.sendChangesOnSerial && !options_.connector &&
+        KT::CLinkAddress(options_.address).GetScheme() == KT::CLinkAddress::SCHEME_SERIAL;
     std::shared_ptr<PanelConnection> link(
-        new PanelConnection(std::move(socket), options_.width, options_.height));
+        new PanelConnection(std::move(socket), options_.width, options_.height, stackOptions));
     PanelStack& stack = link->Stack();
     stack.Control().SetInitHandler(KT::CFunctor<void()>(this, &Unit::OnRestart));
     keypadLink_ = ++links_;

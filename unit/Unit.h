@@ -97,6 +97,11 @@ public:
         /// let through per window (0: no guard) and the window (ms).
         unsigned logBurst = 5;
         unsigned logWindowMs = 1000;
+        /// On a serial link the display sends only the cells that changed
+        /// (DisplayHw::SEND_CHANGES), since every byte costs 10 bit times
+        /// there; false keeps the library's whole-window updates. Other links
+        /// always send whole windows.
+        bool sendChangesOnSerial = true;
         /// Run a UI thread; when false the application drives RunPending().
         bool uiThread = true;
         /// Time source for poll, refusal and idle timers; the steady clock when empty.

@@ -15,6 +15,7 @@
 #include "fp/screens/BaseStatusScreen.h"
 #include "kt/ListenSocket.h"
 #include "kt/StreamSocket.h"
+#include "fp/link/FpControl.h"
 #include "sim/PanelSim.h"
 #include "tests/support/LogCapture.h"
 #include "tov/DataStore.h"
@@ -186,6 +187,15 @@ TEST(UnitLink, SilentSerialPeerIsDroppedAndTheRestoredPanelRedrawn) {
     const FPSIM::PanelState_t state = sim->Snapshot();
     EXPECT_NE(std::string::npos, state.grid.RenderPlain(0u).find("Screen A"));
     EXPECT_TRUE(state.leds.count(2) && state.leds.at(2));
+
+    // A serial link sends only changes; a controller that restarts on the
+    // same link has lost them all, so the whole screen must go out again.
+    auto clears = [&] { return sim->Snapshot().counters.framesByOp['0']; };
+    const uint64_t clearsBefore = clears();
+    ASSERT_TRUE(sim->SendFrame(FP::FpControl::OP_INIT, {}));
+    ASSERT_TRUE(WaitFor([&] { return clears() > clearsBefore; }));  // the unit blanked the panel
+    ASSERT_TRUE(unit.WaitIdle(20000));
+    EXPECT_NE(std::string::npos, sim->Snapshot().grid.RenderPlain(0u).find("Screen A"));
     unit.Stop();
     sim->Stop();
     ::close(slave);

@@ -15,8 +15,8 @@ bool Has(const std::string& text, const char* part) {
 }  // namespace
 
 PanelConnection::PanelConnection(std::unique_ptr<KT::CStreamSocket> socket, unsigned width,
-                                 unsigned height)
-    : socket_(std::move(socket)), stack_(new PanelStack(*socket_, width, height)) {}
+                                 unsigned height, const PanelStack::Options& options)
+    : socket_(std::move(socket)), stack_(new PanelStack(*socket_, width, height, options)) {}
 
 PanelConnection::~PanelConnection() {
     stack_.reset();

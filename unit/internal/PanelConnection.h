@@ -22,7 +22,8 @@ public:
         FAIL_OTHER
     };
 
-    PanelConnection(std::unique_ptr<KT::CStreamSocket> socket, unsigned width, unsigned height);
+    PanelConnection(std::unique_ptr<KT::CStreamSocket> socket, unsigned width, unsigned height,
+                    const PanelStack::Options& options);
     ~PanelConnection();
     PanelConnection(const PanelConnection&) = delete;
     PanelConnection& operator=(const PanelConnection&) = delete;
