@@ -111,6 +111,8 @@ public:
     void RefuseNextWrite(const std::string& reason = "Refused by the test");
 
     /// Hangs up the panel's end; the unit sees the link die and keeps trying.
+    /// Returns once the unit has noticed, which can take up to a second: the
+    /// runtime looks at a quiet link that often.
     bool DropLink();
     /// Lets the unit connect to a fresh (blank) panel; waits until it has
     /// redrawn it.
