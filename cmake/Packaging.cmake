@@ -47,6 +47,12 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/fp-unit.pc.in ${PROJECT_BINARY_DIR}/f
 install(FILES ${PROJECT_BINARY_DIR}/fp-unit.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 # --- end of unit runtime ----------------------------------------------------
 
+# --- screen test harness, fp::testing (libfptesting.so and its headers) ---
+install(TARGETS fptesting EXPORT fpTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/testing DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        FILES_MATCHING PATTERN "*.h" PATTERN internal EXCLUDE)
+# --- end of fp::testing ---
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME libfp-dev)
 set(CPACK_PACKAGE_VENDOR "fp developers")

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds every out-of-tree example under examples/ (each folder with its own
-# CMakeLists.txt) against an installed fp, then runs first-unit on a headless
+# CMakeLists.txt) against an installed fp, runs the screen test built with
+# fp::testing and GoogleTest (from the system), then runs first-unit on a headless
 # fp-panel from the same prefix: opens the settings screen, changes the fan
 # mode, and checks what the panel showed and what the unit stored, also after
 # a restart.
@@ -40,6 +41,10 @@ if needs_path "$panel" || needs_path "$unit"; then
     lib=$(dirname "$(find "$prefix" -name 'libfp.so.0' -print -quit)")
     echo "examples: the installed programs do not find their libraries; using $lib"
     export LD_LIBRARY_PATH=$lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}
+fi
+if [ -x "$work/screen-test/screen-test" ]; then
+    echo "--- running screen-test"
+    "$work/screen-test/screen-test"
 fi
 if [ -x "$work/consumer/fp-consumer" ]; then
     echo "--- running consumer"

@@ -93,7 +93,17 @@ CRet CDataStore::Apply(const std::string& user, const CTxn& txn) {
     return ApplyLocked(user, txn.GetRequests());
 }
 
+void CDataStore::RefuseNextWrite(const std::string& reason) {
+    std::lock_guard<std::mutex> lock(mutex_);
+    refuseNext_ = reason.empty() ? std::string("Refused") : reason;
+}
+
 CRet CDataStore::ApplyLocked(const std::string& user, const std::vector<CRequest>& requests) {
+    if (!refuseNext_.empty()) {
+        std::string reason;
+        reason.swap(refuseNext_);
+        return CRet::Fail(reason);
+    }
     // Check everything first: a refusal must leave memory and file untouched.
     for (const CRequest& r : requests) {
         const Var_t* var = Find(r.GetName());

@@ -61,6 +61,9 @@ public:
                const std::string& value);
     /// Applies every write of txn as user, or none (and says why).
     CRet Apply(const std::string& user, const CTxn& txn);
+    /// For tests: the next Write or Apply fails with reason and changes
+    /// nothing, as if a validator had refused it; later ones are checked as usual.
+    void RefuseNextWrite(const std::string& reason);
 
     /// The value of one instance (current, or the declared default).
     CRet Read(const std::string& name, const COid& oid, bool current = true) const;
@@ -106,6 +109,7 @@ private:
 
     mutable std::mutex mutex_;
     std::map<std::string, Var_t> vars_;
+    std::string refuseNext_;  // guarded by mutex_; empty: nothing armed
     std::unique_ptr<CSqliteFile> file_;
     std::map<std::pair<std::string, std::string>, std::vector<Sub_t>> subs_;
     CEventDispatcher dispatcher_;

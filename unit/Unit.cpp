@@ -20,6 +20,7 @@ namespace {
 // The display-type query is the cheapest request every controller answers.
 const unsigned kFirstAnswerMs = 1000;
 const unsigned kSyncRoundTripMs = 2000;
+const int kSyncEventRounds = 16;
 // Long enough to cost nothing when idle; Stop() wakes the wait anyway.
 const unsigned kEngineWaitMs = 60000;
 
@@ -362,6 +363,12 @@ void Unit::Handle(Event_t& event) {
             Switch(event.text);
             break;
         case Event_t::SYNC:
+            // Engine events raised by what was handled before count as
+            // posted before, so a waiter sees their redraws too. A bounded
+            // number of rounds keeps a screen that writes on every event
+            // from holding the waiter forever.
+            for (int round = 0; round < kSyncEventRounds && tov_.DeliverEvents(); ++round) {
+            }
             if (link_ && !link_->Stack().RoundTrip(kSyncRoundTripMs))
                 Log().warn("%s() The panel did not answer.", __func__);
             {
@@ -518,6 +525,12 @@ bool Unit::WaitIdle(unsigned timeoutMs) {
     changed_.notify_all();
     return changed_.wait_for(lock, std::chrono::milliseconds(timeoutMs),
                              [&] { return syncDone_ >= ticket; });
+}
+
+bool Unit::WaitKeysReported(unsigned count, unsigned timeoutMs) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::milliseconds(timeoutMs),
+                             [&] { return keysReported_.load() >= count; });
 }
 
 bool Unit::WaitLinkUp(unsigned timeoutMs) {

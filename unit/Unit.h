@@ -166,6 +166,9 @@ public:
     /// UI-thread mode: waits until the UI thread handled all posted before
     /// and the panel applied what that drew. False on timeout.
     bool WaitIdle(unsigned timeoutMs);
+    /// Waits until at least count key presses have been received in all
+    /// (see KeysReported). False on timeout.
+    bool WaitKeysReported(unsigned count, unsigned timeoutMs);
     /// Waits until the panel answers on a link. False on timeout.
     bool WaitLinkUp(unsigned timeoutMs);
 
