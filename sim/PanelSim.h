@@ -17,79 +17,98 @@
 
 namespace FPSIM {
 
-// The panel controller's side of the link, emulated: it keeps the character
-// grid, LEDs and other indicators the unit sets, answers the unit's queries,
-// sends temperature and fan reports while the unit is subscribed, and sends
-// key messages on request.
-//
-// It reads the socket it is given on a thread of its own. Time is either
-// driven by the owner (TIME_MANUAL: Advance()/Tick(), for tests) or real
-// (TIME_REAL: a second thread ticks every 10 ms). The subscription
-// interval byte is taken as tenths of a second.
-//
-// A clear ('0') blanks the grid and moves the text position to (0, 0); the
-// font inversion stays as it was. Text advances the position by its length.
+/// The panel controller's side of the link, emulated: it keeps the character
+/// grid, LEDs and other indicators the unit sets, answers the unit's queries,
+/// sends temperature and fan reports while the unit is subscribed, and sends
+/// key messages on request.
+///
+/// It reads the socket it is given on a thread of its own. Time is either
+/// driven by the owner (TIME_MANUAL: Advance()/Tick(), for tests) or real
+/// (TIME_REAL: a second thread ticks every 10 ms). The subscription
+/// interval byte is taken as tenths of a second.
+///
+/// A clear ('0') blanks the grid and moves the text position to (0, 0); the
+/// font inversion stays as it was. Text advances the position by its length.
+///
+/// Threads: every public operation may be called from any thread; see
+/// Stop() and AddObserver() for the exceptions and callback threads.
+/// Borrows: the link socket, which must outlive this object.
 class PanelSim {
 public:
-    // Bits passed to observers: what changed since the last call.
+    /// Bits passed to observers: what changed since the last call.
     enum Change_e : unsigned {
-        CHANGE_DISPLAY = 0x01,     // grid, text position or font
-        CHANGE_INDICATORS = 0x02,  // LEDs, unit status, brightness, fan state
-        CHANGE_SUBSCRIPTION = 0x04,
-        CHANGE_REPORT = 0x08,    // reports were sent
-        CHANGE_LINK = 0x10,      // the link went down (read end or write failed)
-        CHANGE_VALUES = 0x20,    // answers or simulated readings were set
-        CHANGE_COUNTERS = 0x40,  // bad input was counted
+        CHANGE_DISPLAY = 0x01,       ///< grid, text position or font
+        CHANGE_INDICATORS = 0x02,    ///< LEDs, unit status, brightness, fan state
+        CHANGE_SUBSCRIPTION = 0x04,  ///< the unit subscribed, unsubscribed or changed the rate
+        CHANGE_REPORT = 0x08,        ///< reports were sent
+        CHANGE_LINK = 0x10,          ///< the link went down (read end or write failed)
+        CHANGE_VALUES = 0x20,        ///< answers or simulated readings were set
+        CHANGE_COUNTERS = 0x40,      ///< bad input was counted
     };
+    /// Called with the Change_e bits of a change.
     using Observer = KT::CFunctor<void(unsigned changes)>;
+    /// Given one line about each notable event (bad input, link loss).
     using LogSink = KT::CFunctor<void(const std::string& line)>;
 
-    // The socket stays the caller's and must outlive this object.
+    /// An emulated panel on link, built from config; silent until Start().
+    /// The socket stays the caller's and must outlive this object.
     explicit PanelSim(KT::CStreamSocket& link, const PanelConfig_t& config = PanelConfig_t());
     ~PanelSim();
     PanelSim(const PanelSim&) = delete;
     PanelSim& operator=(const PanelSim&) = delete;
 
-    // Sends the start-up message and starts the thread(s). False if already
-    // started or the start-up message could not be written.
+    /// Sends the start-up message and starts the thread(s). False if already
+    /// started or the start-up message could not be written.
     bool Start();
-    // Stops the threads; safe to call more than once. Call it from the owner's
-    // thread, not from an observer (which may run on the reader thread).
+    /// Stops the threads; safe to call more than once. Call it from the owner's
+    /// thread, not from an observer (which may run on the reader thread).
     void Stop();
 
-    // Observers and the log sink are called on whichever thread made the
-    // change (reader, ticker, or the caller), never with a lock held.
+    /// Observers and the log sink are called on whichever thread made the
+    /// change (reader, ticker, or the caller), never with a lock held.
+    /// Observers accumulate; a new log sink replaces the old one.
+    ///@{
     void AddObserver(const Observer& observer);
     void SetLogSink(const LogSink& sink);
+    ///@}
 
+    /// Changes what the panel answers to the unit's queries and what the next
+    /// reports carry; the unit sees it the next time it asks or is told.
+    ///@{
     void SetSlotId(uint8_t id);
     void SetVoltage(float volts);
     void SetDisplayType(uint8_t type);
     void SetVersion(const std::string& version);
     void SetTemperature(int16_t temperature);
-    void SetFanSpeed(unsigned fan, uint16_t speed);  // fan 0..2; others ignored
+    void SetFanSpeed(unsigned fan, uint16_t speed);  ///< fan 0..2; others ignored
+    ///@}
 
-    // Key messages. False when the link refused the write.
+    /// Key messages: pressed, released, or both at once. False when the link
+    /// refused the write.
+    ///@{
     bool KeyDown(uint8_t key);
     bool KeyUp(uint8_t key);
     bool Press(uint8_t key);
-    // Down now, up once ms have passed on the emulator's clock.
+    ///@}
+    /// Down now, up once ms have passed on the emulator's clock.
     bool Hold(uint8_t key, unsigned ms);
-    // Bytes exactly as given, for malformed input.
+    /// Bytes exactly as given, for malformed input.
     bool SendRaw(const std::vector<uint8_t>& bytes);
+    /// Any frame, correctly framed and escaped, for opcodes with no helper.
     bool SendFrame(uint8_t op, const std::vector<uint8_t>& payload);
 
-    // Emulator time in milliseconds.
+    /// Emulator time in milliseconds.
     uint64_t Now() const;
-    // Manual clock: moves time on by ms and does what fell due (every report
-    // round in between, key releases). Ignored with the real-time clock.
+    /// Manual clock: moves time on by ms and does what fell due (every report
+    /// round in between, key releases). Ignored with the real-time clock.
     void Advance(unsigned ms);
-    // Does what is due at the current time.
+    /// Does what is due at the current time.
     void Tick();
 
+    /// A consistent copy of the whole state, with nowMs set to the present.
     PanelState_t Snapshot() const;
-    // Waits until the reader has taken and applied at least bytes bytes in
-    // total; false on timeout.
+    /// Waits until the reader has taken and applied at least bytes bytes in
+    /// total; false on timeout.
     bool WaitForInput(uint64_t bytes, unsigned timeoutMs) const;
 
 private:

@@ -23,6 +23,7 @@ namespace FP {
 /// destruction restores the category as it was.
 class LogGuard {
 public:
+    /// The clock rate-limit windows are measured with.
     using Clock = std::chrono::steady_clock;
 
     /// How much gets through.

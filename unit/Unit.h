@@ -44,6 +44,7 @@ class RelayDisplay;
 /// the panel client, the screens given to AddScreen, and its threads.
 class Unit : private IKeyPress {
 public:
+    /// The clock the unit's timers (liveness, reconnect, idle) run on.
     using Clock = std::chrono::steady_clock;
 
     /// A change of the link, or a failed attempt to open it.
@@ -81,22 +82,30 @@ public:
         std::string firstScreen;
         /// How often a link that has been quiet is asked whether it lives (ms;
         /// 0: never), and after how many unanswered requests it counts as dead.
+        ///@{
         unsigned livenessPeriodMs = 1000;
         unsigned livenessMisses = 3;
+        ///@}
         /// Reconnect delays: the first, doubled per failure up to the cap (ms).
+        ///@{
         unsigned retryMinMs = 250;
         unsigned retryMaxMs = 5000;
+        ///@}
         /// How long a refused write's reason stays on the panel (ms).
         unsigned refusalShownMs = 1500;
         /// Without keys for this long (ms; 0: never) the unit shows homeScreen
         /// (when set) and sets idleBrightness; the next key only wakes it.
+        ///@{
         unsigned idleTimeoutMs = 0;
         std::string homeScreen;
         unsigned char idleBrightness = 0;
+        ///@}
         /// Rate-limit the link's log category ("fpcontrol"): lines of one kind
         /// let through per window (0: no guard) and the window (ms).
+        ///@{
         unsigned logBurst = 5;
         unsigned logWindowMs = 1000;
+        ///@}
         /// On a serial link the display sends only the cells that changed
         /// (DisplayHw::SEND_CHANGES), since every byte costs 10 bit times
         /// there; false keeps the library's whole-window updates. Other links
