@@ -7,19 +7,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
-need=()
-for p in g++-arm-linux-gnueabihf qemu-user googletest; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
-done
-if [ ${#need[@]} -gt 0 ]; then
-    apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${need[@]}"
-fi
+scripts/setup.sh build armhf
 
 sysroot=build/armhf-sysroot
-packages=(liblog4cpp5-dev liblog4cpp5v5 libsqlite3-dev libsqlite3-0
-          libncurses-dev libncurses6 libncursesw6 libtinfo6)
+mapfile -t packages < <(scripts/setup.sh --list armhf-sysroot)
 if [ ! -f "$sysroot/.complete" ]; then
     dpkg --print-foreign-architectures | grep -qx armhf || dpkg --add-architecture armhf
     apt-get update -qq || true  # a mirror without armhf lists still serves the rest

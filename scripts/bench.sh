@@ -16,6 +16,7 @@ if [ "${1:-}" = "--quick" ]; then
     idle=0.3
 fi
 
+scripts/setup.sh build test bench
 programs=(fp_bench_link fp_bench_draw fp_bench_data fp_bench_idle)
 cmake --preset release >/dev/null
 cmake --build --preset release -j2 --target "${programs[@]}" fp tov kttools

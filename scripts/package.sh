@@ -12,10 +12,7 @@ stage=$root/build/stage
 system=1
 [ "${1:-}" = "--no-system" ] && system=0
 
-scripts/setup.sh
-command -v dpkg-shlibdeps >/dev/null || {
-    [ "$(id -u)" -eq 0 ] && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq dpkg-dev
-}
+scripts/setup.sh build package
 
 cmake --preset package >/dev/null
 cmake --build --preset package
