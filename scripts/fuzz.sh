@@ -15,7 +15,8 @@ scripts/setup.sh build fuzz
 
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-cmake -S fuzz -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ "${launcher[@]}" >/dev/null
+cmake -S fuzz -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_COMPILE_WARNING_AS_ERROR=ON \
+    "${launcher[@]}" >/dev/null
 cmake --build build/fuzz -j2 --target "${targets[@]/#/fuzz_}"
 
 work=$(mktemp -d)
