@@ -26,7 +26,7 @@ for t in "${targets[@]}"; do
     mkdir -p "$work/$t" "build/fuzz/findings/$t"
     cp -r "fuzz/corpus/$t/." "$work/$t/" 2>/dev/null || true
     echo "=== fuzz_$t for ${seconds}s"
-    if ! build/fuzz/fuzz_$t "$work/$t" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048 \
+    if ! "build/fuzz/fuzz_$t" "$work/$t" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048 \
             -artifact_prefix="build/fuzz/findings/$t/" -print_final_stats=1 >"$work/$t.log" 2>&1; then
         failed+=("$t")
         tail -40 "$work/$t.log"

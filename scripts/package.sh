@@ -60,7 +60,7 @@ check_prefix() {  # prefix, name for the build folders
     local pc libdir rpath=()
     pc=$(dirname "$(find "$prefix/lib" -name fp.pc -path '*/pkgconfig/*' | head -1)")
     libdir=$(PKG_CONFIG_PATH=$pc pkg-config --variable=libdir fp)
-    [ "$prefix" = /usr ] || rpath=(-Wl,-rpath,"$libdir")
+    [ "$prefix" = /usr ] || rpath=("-Wl,-rpath,$libdir")
     mkdir -p "$dir/pc"
     local flags
     flags=$(PKG_CONFIG_PATH=$pc pkg-config --cflags --libs fp)
