@@ -2,6 +2,9 @@
 # package. Included once from the top-level CMakeLists.txt.
 include(CMakePackageConfigHelpers)
 
+# The libraries find each other beside themselves once installed.
+set_target_properties(kttools tov fp PROPERTIES INSTALL_RPATH "$ORIGIN")
+
 install(TARGETS kttools tov fp EXPORT fpTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
@@ -9,9 +12,11 @@ install(TARGETS kttools tov fp EXPORT fpTargets
 
 # Headers keep their source paths so that #include "fp/link/FpAdapter.h" works
 # the same in and out of the tree.
+# internal/ folders hold helpers that users never include; they stay out.
 foreach(dir kt tov fp)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/${dir} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-            FILES_MATCHING PATTERN "*.h")
+            FILES_MATCHING PATTERN "*.h"
+            PATTERN "internal" EXCLUDE)
 endforeach()
 
 # --- the panel emulator's core, fp::sim (libfpsim.so and its public headers) ---

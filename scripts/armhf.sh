@@ -7,20 +7,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
-need=()
-for p in g++-arm-linux-gnueabihf qemu-user googletest; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
-done
-if [ ${#need[@]} -gt 0 ]; then
-    apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${need[@]}"
-fi
+scripts/setup.sh build armhf
 
 sysroot=build/armhf-sysroot
-packages=(liblog4cpp5-dev liblog4cpp5v5 libsqlite3-dev libsqlite3-0
-          libncurses-dev libncurses6 libncursesw6 libtinfo6
-          libpng-dev libpng16-16 zlib1g-dev zlib1g)
+mapfile -t packages < <(scripts/setup.sh --list armhf-sysroot)
 # The marker holds the package list, so a sysroot unpacked for an older list
 # is made again.
 if [ "$(cat "$sysroot/.complete" 2>/dev/null)" != "${packages[*]}" ]; then

@@ -19,6 +19,7 @@ if [ "${1:-}" = "--quick" ]; then
     presses=2
 fi
 
+scripts/setup.sh build test bench
 programs=(fp_bench_link fp_bench_draw fp_bench_data fp_bench_idle fp_bench_key_to_glass)
 cmake --preset release >/dev/null
 cmake --build --preset release -j2 --target "${programs[@]}" fp tov kttools

@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh >&2
+scripts/setup.sh build test >&2
 cmake --preset default >/dev/null
 cmake --build --preset default --target fp-demo fp-panel >&2
 exec build/default/examples/fp-demo "$@"

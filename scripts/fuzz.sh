@@ -11,22 +11,12 @@ shift || true
 targets=("$@")
 [ ${#targets[@]} -gt 0 ] || targets=(link panel address number varset linekeys)
 
-scripts/setup.sh
-need=()
-for p in clang libclang-rt-14-dev; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
-done
-if [ ${#need[@]} -gt 0 ]; then
-    SUDO=""
-    [ "$(id -u)" -eq 0 ] || SUDO="sudo"
-    echo "Installing: ${need[*]}"
-    $SUDO apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${need[@]}"
-fi
+scripts/setup.sh build fuzz
 
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-cmake -S fuzz -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ "${launcher[@]}" >/dev/null
+cmake -S fuzz -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_COMPILE_WARNING_AS_ERROR=ON \
+    "${launcher[@]}" >/dev/null
 cmake --build build/fuzz -j2 --target "${targets[@]/#/fuzz_}"
 
 work=$(mktemp -d)
@@ -36,7 +26,7 @@ for t in "${targets[@]}"; do
     mkdir -p "$work/$t" "build/fuzz/findings/$t"
     cp -r "fuzz/corpus/$t/." "$work/$t/" 2>/dev/null || true
     echo "=== fuzz_$t for ${seconds}s"
-    if ! build/fuzz/fuzz_$t "$work/$t" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048 \
+    if ! "build/fuzz/fuzz_$t" "$work/$t" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=2048 \
             -artifact_prefix="build/fuzz/findings/$t/" -print_final_stats=1 >"$work/$t.log" 2>&1; then
         failed+=("$t")
         tail -40 "$work/$t.log"

@@ -1,24 +1,44 @@
 #!/usr/bin/env bash
-# Installs every Debian package that building and testing the project needs.
-# Safe to run again: packages already present are not fetched twice.
+# Installs the Debian packages of the given groups of scripts/packages.txt
+# (default: build and test). Packages already present are not fetched again.
+# Usage: scripts/setup.sh [GROUP...]      install those groups
+#        scripts/setup.sh --list GROUP... print their packages, install nothing
 set -euo pipefail
+list="$(dirname "$0")/packages.txt"
 
-PACKAGES=(
-    cmake ninja-build g++ ccache pkg-config git
-    liblog4cpp5-dev libsqlite3-dev sqlite3 libncurses-dev libpng-dev
-    libgtest-dev libgmock-dev libbenchmark-dev
-    libcivetweb-dev chromium chromium-driver
-    tmux
-)
+only_list=0
+if [ "${1:-}" = "--list" ]; then
+    only_list=1
+    shift
+fi
+groups=("$@")
+[ ${#groups[@]} -gt 0 ] || groups=(build test)
+
+packages=()
+for g in "${groups[@]}"; do
+    found=$(sed -e 's/#.*//' "$list" | awk -v g="$g:" '$1 == g { for (i = 2; i <= NF; i++) print $i }')
+    if [ -z "$found" ]; then
+        echo "setup.sh: no package group '$g' in $list" >&2
+        exit 2
+    fi
+    mapfile -t -O "${#packages[@]}" packages <<<"$found"
+done
+
+if [ "$only_list" -eq 1 ]; then
+    printf '%s\n' "${packages[@]}"
+    exit 0
+fi
 
 missing=()
-for p in "${PACKAGES[@]}"; do
+for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
 done
-if [ ${#missing[@]} -gt 0 ]; then
-    SUDO=""
-    [ "$(id -u)" -eq 0 ] || SUDO="sudo"
-    echo "Installing: ${missing[*]}"
-    $SUDO apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}"
-fi
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+SUDO=""
+[ "$(id -u)" -eq 0 ] || SUDO="sudo"
+echo "Installing: ${missing[*]}"
+# A fresh machine may have no package lists at all; a stale one may point at
+# versions the mirror no longer has.
+$SUDO apt-get update -qq
+DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${missing[@]}"
