@@ -17,9 +17,11 @@ public:
     /// A view of state (normally taken by ScreenHarness::Panel()).
     explicit PanelView(const FPSIM::PanelState_t& state = FPSIM::PanelState_t());
 
-    /// Rows and columns of the display.
+    /// Columns and rows of the display.
+    ///@{
     unsigned Width() const { return state_.grid.Width(); }
     unsigned Height() const { return state_.grid.Height(); }
+    ///@}
 
     /// The text of row with trailing blanks cut; symbols as ASCII stand-ins
     /// ('^' up/down, '-' left/right, '<' enter, 'x' back, 'L' lock, ...).
@@ -37,9 +39,11 @@ public:
 
     /// An LED the unit switched on (LEDs never set read as off).
     bool Led(unsigned led) const;
-    /// The unit status, brightness and fan state last set; -1 while unset.
+    /// The unit status and the brightness last set; -1 while unset.
+    ///@{
     int UnitStatus() const { return state_.unitStatus; }
     int Brightness() const { return state_.brightness; }
+    ///@}
     /// 1 on, 0 off, -1 unset.
     int Fans() const { return state_.fanState; }
     /// True while the unit's link to the panel is up (as the panel sees it).

@@ -49,8 +49,10 @@ public:
     /// What the harness builds; every field has a working default.
     struct Options {
         /// The display, in character cells.
+        ///@{
         unsigned width = 20;
         unsigned height = 4;
+        ///@}
         /// The application's variable declarations; none when empty.
         Declare declare;
         /// The screen shown first; the first one added when empty.
@@ -83,13 +85,17 @@ public:
 
     /// Key presses, by code or by name ("UP", "ENTER", "7", "a"; as KeyName()
     /// spells them, the multi-letter names in any case). Press is down and up.
+    ///@{
     bool Press(Key_e key);
     bool Press(const std::string& name);
+    ///@}
     /// Several presses in a row, each waited for.
     bool Press(std::initializer_list<const char*> names);
     /// Key down without the up; Release sends the up.
+    ///@{
     bool Hold(Key_e key);
     bool Release(Key_e key);
+    ///@}
 
     /// Moves the harness's clock (and the emulator's) on by ms and lets the
     /// unit run its timers: polled redraws, refusal messages, idle timeout.
@@ -122,9 +128,11 @@ public:
     bool RestartController();
 
     /// The parts, for what the harness does not wrap.
+    ///@{
     FP::Unit& Unit() { return *unit_; }
     TOV::CDataStore& Store() { return store_; }
     FPSIM::PanelSim& Sim() { return *sim_; }
+    ///@}
 
 private:
     bool Fail(const std::string& what);

@@ -29,6 +29,7 @@ protected:
     /// The harness (made with default options on first use).
     ScreenHarness& Harness() { return harness_ ? *harness_ : Make(ScreenHarness::Options()); }
 
+    /// Tears the harness down after each test, so no unit outlives it.
     void TearDown() override { harness_.reset(); }
 
 private:
