@@ -1,5 +1,7 @@
 #include "testing/ScreenHarness.h"
 
+#include "sim/PanelPicture.h"
+
 #include <cctype>
 #include <iostream>
 
@@ -182,6 +184,10 @@ bool ScreenHarness::Advance(unsigned ms) {
 
 PanelView ScreenHarness::Panel() const {
     return PanelView(sim_->Snapshot());
+}
+
+bool ScreenHarness::SavePicture(const std::string& path, std::string& error) const {
+    return FPSIM::PanelPicture::Save(path, sim_->Snapshot(), error);
 }
 
 std::string ScreenHarness::CurrentScreen() const {

@@ -105,6 +105,10 @@ public:
 
     /// What the panel shows now.
     PanelView Panel() const;
+    /// Saves a picture of the panel as it looks now, PNG or SVG by the path's
+    /// extension. False, with error filled, when the file cannot be written
+    /// or the extension is neither.
+    bool SavePicture(const std::string& path, std::string& error) const;
     /// The screen the unit shows now.
     std::string CurrentScreen() const;
 

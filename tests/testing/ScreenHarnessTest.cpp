@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -92,6 +94,15 @@ TEST_F(ScreenHarnessTest, FailuresCarryThePanelAsShown) {
     for (const std::string& failure : failures)
         EXPECT_THAT(failure, testing::HasSubstr("| Echo:0 ")) << failure;
     EXPECT_EQ("0", harness.Get("echo"));
+
+    // The same panel as a picture, for a failing run to leave behind.
+    std::string error;
+    const std::string svg = ::testing::TempDir() + "harness-panel.svg";
+    ASSERT_TRUE(harness.SavePicture(svg, error)) << error;
+    std::stringstream picture;
+    picture << std::ifstream(svg).rdbuf();
+    EXPECT_THAT(picture.str(), testing::HasSubstr(">Echo:0</text>"));
+    EXPECT_FALSE(harness.SavePicture(svg + ".gif", error));
 }
 
 }  // namespace
