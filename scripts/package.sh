@@ -15,7 +15,7 @@ stage=$root/build/stage
 system=1
 [ "${1:-}" = "--no-system" ] && system=0
 
-scripts/setup.sh build package
+scripts/setup.sh build test package  # test: GoogleTest for the out-of-tree screen test
 
 cmake --preset package >/dev/null
 cmake --build --preset package
