@@ -137,6 +137,10 @@ void Unit::Stop() {
 void Unit::Enqueue(Event_t event) {
     {
         std::lock_guard<std::mutex> lock(mutex_);
+        // A key is counted only once it is queued, so a waiter that saw the
+        // count and then posts a sync is sure to queue it behind the key.
+        if (event.kind == Event_t::KEY)
+            ++keysReported_;
         queue_.push_back(std::move(event));
     }
     changed_.notify_all();
@@ -156,14 +160,12 @@ void Unit::ShowScreen(const std::string& name) {
 
 void Unit::OnKeyPress(Key_e key) {
     heard_ = true;
-    ++keysReported_;
     // Tagged with its link, so keys of a panel that has gone are not played
     // on the next one.
     Enqueue(Event_t{Event_t::KEY, int(key), keypadLink_.load()});
 }
 
 void Unit::PressKey(Key_e key) {
-    ++keysReported_;
     Enqueue(Event_t{Event_t::KEY, int(key), -1});
 }
 

@@ -107,6 +107,13 @@ def main():
     if not chromium or not chromedriver:
         print("chromium or chromedriver is not installed: skipping")
         return SKIP
+    try:
+        socket.getaddrinfo("localhost", None)
+    except OSError:
+        # chromedriver reaches the browser it starts at "localhost"; without
+        # it the session fails with a bare "unable to connect to renderer".
+        print("the name localhost does not resolve (no /etc/hosts?): chromedriver needs it")
+        return 1
     os.makedirs(artifacts, exist_ok=True)
     work = tempfile.mkdtemp(prefix="fp-web-test-")
     out_path = os.path.join(work, "demo.out")
