@@ -29,6 +29,16 @@ if [ "$only_list" -eq 1 ]; then
     exit 0
 fi
 
+# chromedriver reaches the browser it starts at "localhost"; a bare system
+# root (debootstrap, a container) may have no /etc/hosts to resolve it.
+if [[ " ${groups[*]} " == *" browser "* ]] && ! getent hosts localhost >/dev/null; then
+    if [ "$(id -u)" -eq 0 ]; then
+        printf '127.0.0.1\tlocalhost\n::1\tlocalhost\n' >>/etc/hosts
+    else
+        echo "setup.sh: the name localhost does not resolve; the browser test needs it" >&2
+    fi
+fi
+
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
