@@ -137,6 +137,11 @@ unsigned WebFrontEnd::Clients() const {
 }
 
 int WebFrontEnd::OnHttp(mg_connection* conn, void* self) {
+    // CivetWeb dates its answers with gmtime(), whose buffer is shared by all
+    // threads, so two workers answering at once race on it. Pages are asked
+    // for rarely; answering one at a time costs nothing.
+    static std::mutex answering;
+    std::lock_guard<std::mutex> lock(answering);
     return static_cast<WebFrontEnd*>(self)->ServePage(conn);
 }
 
