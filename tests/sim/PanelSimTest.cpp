@@ -188,7 +188,9 @@ TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
 
     link_.peer.Close();
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (sim_->Snapshot().linkUp && std::chrono::steady_clock::now() < deadline)
+    // The observer hears of the loss after the state shows it: wait for both.
+    while ((sim_->Snapshot().linkUp || !(seen & PanelSim::CHANGE_LINK)) &&
+           std::chrono::steady_clock::now() < deadline)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     EXPECT_FALSE(sim_->Snapshot().linkUp);
     EXPECT_TRUE(seen & PanelSim::CHANGE_LINK);
