@@ -4,7 +4,7 @@
 #include <string>
 
 #include "fp/lines/ListLine.h"
-#include "fp/lines/internal/UnshownValue.h"
+#include "fp/lines/detail/UnshownValue.h"
 
 namespace FP {
 

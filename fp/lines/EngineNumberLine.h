@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fp/lines/NumberLine.h"
-#include "fp/lines/internal/UnshownValue.h"
+#include "fp/lines/detail/UnshownValue.h"
 
 namespace FP {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fp/lines/TimeLine.h"
-#include "fp/lines/internal/EngineFields.h"
+#include "fp/lines/detail/EngineFields.h"
 
 namespace FP {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "fp/lines/detail/RowWriter.h"
 #include "fp/lines/internal/EditFlow.h"
-#include "fp/lines/internal/RowWriter.h"
 #include "fp/menu/BaseLine.h"
 #include "kt/Str.h"
 

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "fp/core/Names.h"
+#include "fp/lines/detail/RowWriter.h"
 #include "fp/lines/internal/EditFlow.h"
-#include "fp/lines/internal/RowWriter.h"
 #include "kt/Str.h"
 
 namespace FP {

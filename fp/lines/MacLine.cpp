@@ -1,7 +1,7 @@
 #include "fp/lines/MacLine.h"
 
+#include "fp/lines/detail/RowWriter.h"
 #include "fp/lines/internal/EditFlow.h"
-#include "fp/lines/internal/RowWriter.h"
 #include "fp/menu/internal/EditCursor.h"
 
 namespace FP {

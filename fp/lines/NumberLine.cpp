@@ -8,8 +8,8 @@
 
 #include "fp/client/FpClient.h"
 #include "fp/core/Names.h"
+#include "fp/lines/detail/RowWriter.h"
 #include "fp/lines/internal/EditFlow.h"
-#include "fp/lines/internal/RowWriter.h"
 #include "fp/menu/internal/EditCursor.h"
 #include "kt/Str.h"
 

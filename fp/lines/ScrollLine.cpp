@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "fp/core/Names.h"
-#include "fp/menu/internal/RowLead.h"
+#include "fp/menu/detail/RowLead.h"
 #include "kt/Str.h"
 
 namespace FP {

@@ -1,7 +1,7 @@
 #include "fp/lines/SelectLine.h"
 
 #include "fp/core/Names.h"
-#include "fp/lines/internal/RowWriter.h"
+#include "fp/lines/detail/RowWriter.h"
 #include "kt/Str.h"
 
 namespace FP {

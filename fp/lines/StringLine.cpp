@@ -1,8 +1,8 @@
 #include "fp/lines/StringLine.h"
 
 #include "fp/core/Names.h"
+#include "fp/lines/detail/RowWriter.h"
 #include "fp/lines/internal/EditFlow.h"
-#include "fp/lines/internal/RowWriter.h"
 #include "fp/menu/internal/EditCursor.h"
 #include "kt/Str.h"
 

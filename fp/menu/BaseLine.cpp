@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "fp/client/FpClient.h"
+#include "fp/menu/detail/RowLead.h"
 #include "fp/menu/internal/EditCursor.h"
-#include "fp/menu/internal/RowLead.h"
 
 namespace FP {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fp/display/Display.h"
-#include "fp/menu/internal/RowLead.h"
+#include "fp/menu/detail/RowLead.h"
 
 namespace FP {
 namespace RowWriter {

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "fp/lines/internal/RowWriter.h"
-#include "fp/lines/internal/UnshownValue.h"
-#include "fp/menu/internal/RowLead.h"
+#include "fp/lines/detail/RowWriter.h"
+#include "fp/lines/detail/UnshownValue.h"
+#include "fp/menu/detail/RowLead.h"
 
 namespace FP {
 
