@@ -26,6 +26,38 @@ std::string Hex(uint8_t b) {
     return text;
 }
 
+using Bytes = std::vector<uint8_t>;
+
+// Messages that set one thing on the panel: a payload of a fixed size whose
+// last byte must lie in [min, max], and what it changes.
+struct Setting_t {
+    uint8_t op;
+    size_t size;
+    uint8_t min;
+    uint8_t max;
+    unsigned change;
+    void (*set)(PanelState_t& state, const Bytes& p);
+};
+
+const Setting_t kSettings[] = {
+    {'X', 1, 0, 255, PanelSim::CHANGE_DISPLAY,
+     [](PanelState_t& state, const Bytes& p) { state.column = p[0]; }},
+    {'Y', 1, 0, 255, PanelSim::CHANGE_DISPLAY,
+     [](PanelState_t& state, const Bytes& p) { state.row = p[0]; }},
+    // Font: 1 reverse video, 2 normal.
+    {'R', 1, 1, 2, PanelSim::CHANGE_DISPLAY,
+     [](PanelState_t& state, const Bytes& p) { state.inverted = p[0] == 1; }},
+    // LED number, then 1 on or 2 off.
+    {'L', 2, 1, 2, PanelSim::CHANGE_INDICATORS,
+     [](PanelState_t& state, const Bytes& p) { state.leds[p[0]] = p[1] == 1; }},
+    {'U', 1, 0, 255, PanelSim::CHANGE_INDICATORS,
+     [](PanelState_t& state, const Bytes& p) { state.unitStatus = p[0]; }},
+    {'B', 1, 0, 255, PanelSim::CHANGE_INDICATORS,
+     [](PanelState_t& state, const Bytes& p) { state.brightness = p[0]; }},
+    {'E', 1, 0, 1, PanelSim::CHANGE_INDICATORS,
+     [](PanelState_t& state, const Bytes& p) { state.fanState = p[0]; }},
+};
+
 }  // namespace
 
 PanelSim::PanelSim(KT::CStreamSocket& link, const PanelConfig_t& config)
@@ -89,54 +121,38 @@ void PanelSim::Notify(unsigned changes) {
     observers(changes);
 }
 
-void PanelSim::SetSlotId(uint8_t id) {
+template <class Set>
+void PanelSim::ChangeValue(Set set) {
     {
         std::lock_guard<std::mutex> lock(mutex_);
-        answers_.slotId = id;
+        set();
     }
     Notify(CHANGE_VALUES);
+}
+
+void PanelSim::SetSlotId(uint8_t id) {
+    ChangeValue([&] { answers_.slotId = id; });
 }
 
 void PanelSim::SetVoltage(float volts) {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        answers_.voltage = volts;
-    }
-    Notify(CHANGE_VALUES);
+    ChangeValue([&] { answers_.voltage = volts; });
 }
 
 void PanelSim::SetDisplayType(uint8_t type) {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        answers_.displayType = type;
-    }
-    Notify(CHANGE_VALUES);
+    ChangeValue([&] { answers_.displayType = type; });
 }
 
 void PanelSim::SetVersion(const std::string& version) {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        answers_.version = version;
-    }
-    Notify(CHANGE_VALUES);
+    ChangeValue([&] { answers_.version = version; });
 }
 
 void PanelSim::SetTemperature(int16_t temperature) {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        state_.temperature = temperature;
-    }
-    Notify(CHANGE_VALUES);
+    ChangeValue([&] { state_.temperature = temperature; });
 }
 
 void PanelSim::SetFanSpeed(unsigned fan, uint16_t speed) {
-    if (fan >= state_.fanSpeed.size())
-        return;
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        state_.fanSpeed[fan] = speed;
-    }
-    Notify(CHANGE_VALUES);
+    if (fan < state_.fanSpeed.size())
+        ChangeValue([&] { state_.fanSpeed[fan] = speed; });
 }
 
 bool PanelSim::SendRaw(const std::vector<uint8_t>& bytes) {
@@ -324,6 +340,15 @@ void PanelSim::BadPayload(const FrameDecoder::Frame& frame, Outbox_t& out) {
 void PanelSim::Apply(const FrameDecoder::Frame& frame, Outbox_t& out) {
     const std::vector<uint8_t>& p = frame.payload;
     ++state_.counters.framesByOp[frame.op];
+    for (const Setting_t& setting : kSettings) {
+        if (setting.op != frame.op)
+            continue;
+        if (p.size() != setting.size || p.back() < setting.min || p.back() > setting.max)
+            return BadPayload(frame, out);
+        setting.set(state_, p);
+        out.changes |= setting.change;
+        return;
+    }
     switch (frame.op) {
         case '0':
             state_.grid.Clear();
@@ -331,40 +356,8 @@ void PanelSim::Apply(const FrameDecoder::Frame& frame, Outbox_t& out) {
             state_.row = 0;
             out.changes |= CHANGE_DISPLAY;
             return;
-        case 'X':
-        case 'Y':
-            if (p.size() != 1)
-                return BadPayload(frame, out);
-            (frame.op == 'X' ? state_.column : state_.row) = p[0];
-            out.changes |= CHANGE_DISPLAY;
-            return;
         case 'T':
             return ApplyText(p, out);
-        case 'R':
-            if (p.size() != 1 || (p[0] != 1 && p[0] != 2))
-                return BadPayload(frame, out);
-            state_.inverted = p[0] == 1;
-            out.changes |= CHANGE_DISPLAY;
-            return;
-        case 'L':
-            if (p.size() != 2 || (p[1] != 1 && p[1] != 2))
-                return BadPayload(frame, out);
-            state_.leds[p[0]] = p[1] == 1;
-            out.changes |= CHANGE_INDICATORS;
-            return;
-        case 'U':
-        case 'B':
-            if (p.size() != 1)
-                return BadPayload(frame, out);
-            (frame.op == 'U' ? state_.unitStatus : state_.brightness) = p[0];
-            out.changes |= CHANGE_INDICATORS;
-            return;
-        case 'E':
-            if (p.size() != 1 || p[0] > 1)
-                return BadPayload(frame, out);
-            state_.fanState = p[0];
-            out.changes |= CHANGE_INDICATORS;
-            return;
         case 'P':
             return ApplySubscription(frame, out);
         case 'A':

@@ -133,6 +133,9 @@ private:
     void TickLocked(Outbox_t& out);
     void Flush(Outbox_t& out);
     void Notify(unsigned changes);
+    // Applies set under the lock, then tells observers a value changed.
+    template <class Set>
+    void ChangeValue(Set set);
     void LinkDown(const std::string& why);
 
     KT::CStreamSocket& link_;
