@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <functional>
+#include <vector>
 
 #include "kt/LinkAddress.h"
 #include "sim/PanelGrid.h"
@@ -47,6 +49,100 @@ bool PanelOptions::ParseSize(const std::string& text, unsigned& width, unsigned&
     return true;
 }
 
+namespace {
+
+// Stores an option's value; false when the value is not acceptable.
+using Setter = std::function<bool(const std::string& value, PanelOptions_t& out)>;
+
+struct Option_t {
+    const char* name;
+    const char* what;  // what a bad value is called in the error; null: a flag without a value
+    Setter set;
+};
+
+Setter Flag(bool PanelOptions_t::*field) {
+    return [field](const std::string&, PanelOptions_t& out) {
+        out.*field = true;
+        return true;
+    };
+}
+
+// A file name must not be empty; other text may be.
+Setter Text(std::string PanelOptions_t::*field, bool needed = false) {
+    return [field, needed](const std::string& value, PanelOptions_t& out) {
+        if (needed && value.empty())
+            return false;
+        out.*field = value;
+        return true;
+    };
+}
+
+template <class T>
+Setter Number(T PanelOptions_t::*field, long min, long max) {
+    return [field, min, max](const std::string& value, PanelOptions_t& out) {
+        long n;
+        if (!ParseLong(value, min, max, n))
+            return false;
+        out.*field = T(n);
+        return true;
+    };
+}
+
+bool SetListen(const std::string& value, PanelOptions_t& out) {
+    if (!ValidAddress(value))
+        return false;
+    out.listen = value;
+    return true;
+}
+
+bool SetSize(const std::string& value, PanelOptions_t& out) {
+    return PanelOptions::ParseSize(value, out.width, out.height);
+}
+
+bool SetVoltage(const std::string& value, PanelOptions_t& out) {
+    char* end = nullptr;
+    const float v = std::strtof(value.c_str(), &end);
+    if (value.empty() || *end != '\0' || !std::isfinite(v))
+        return false;
+    out.voltage = v;
+    return true;
+}
+
+const std::vector<Option_t>& Options() {
+    using O = PanelOptions_t;
+    static const std::vector<Option_t> options = {
+        {"--headless", nullptr, Flag(&O::headless)},
+        {"--dump-on-change", nullptr, Flag(&O::dumpOnChange)},
+        {"--ascii", nullptr, Flag(&O::ascii)},
+        {"--listen", "address (tcp:HOST:PORT or unix:PATH)", SetListen},
+        {"--web", "", Text(&O::web)},
+        {"--web-token", "", Text(&O::webToken)},
+        {"--size", "size (COLUMNSxROWS, each 1..256)", SetSize},
+        {"--slot", "number (0..255)", Number(&O::slotId, 0, 255)},
+        {"--display-type", "number (0..255)", Number(&O::displayType, 0, 255)},
+        {"--voltage", "voltage", SetVoltage},
+        {"--panel-version", "", Text(&O::version)},
+        {"--temperature", "temperature", Number(&O::temperature, -32768, 32767)},
+        {"--fan-speed", "fan speed", Number(&O::fanSpeed, 0, 65535)},
+        {"--script", "file", Text(&O::script, true)},
+        {"--record", "file", Text(&O::record, true)},
+        {"--sync-ms", "time (1..600000 ms)", Number(&O::syncMs, 1, 600000)},
+        {"--sync-timeout-ms", "time (1..600000 ms)", Number(&O::syncTimeoutMs, 1, 600000)},
+        {"--release-ms", "time (10..5000 ms)", Number(&O::releaseMs, 10, 5000)},
+        {"--baud", "baud rate (50..4000000)", Number(&O::baud, 50, 4000000)},
+    };
+    return options;
+}
+
+const Option_t* Find(const std::string& name) {
+    for (const Option_t& option : Options())
+        if (name == option.name)
+            return &option;
+    return nullptr;
+}
+
+}  // namespace
+
 PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, PanelOptions_t& out,
                                            std::string& error) {
     for (int i = 1; i < argc; ++i) {
@@ -59,102 +155,26 @@ PanelOptions::Result_e PanelOptions::Parse(int argc, const char* const* argv, Pa
             value = arg.substr(eq + 1);
             hasValue = true;
         }
-        auto needValue = [&]() {
-            if (hasValue)
-                return true;
+        if (name == "-h" || name == "--help")
+            return PARSE_HELP;
+        const Option_t* option = Find(name);
+        if (!option) {
+            error = "unknown option '" + arg + "'";
+            return PARSE_ERROR;
+        }
+        if (!option->what && hasValue) {
+            error = name + " takes no value";
+            return PARSE_ERROR;
+        }
+        if (option->what && !hasValue) {
             if (i + 1 >= argc) {
                 error = name + " needs a value";
-                return false;
+                return PARSE_ERROR;
             }
             value = argv[++i];
-            return true;
-        };
-        auto bad = [&](const char* what) {
-            error = "bad " + std::string(what) + " for " + name + ": '" + value + "'";
-            return PARSE_ERROR;
-        };
-        long n;
-        if (name == "-h" || name == "--help") {
-            return PARSE_HELP;
-        } else if (name == "--headless" || name == "--dump-on-change" || name == "--ascii") {
-            if (hasValue) {
-                error = name + " takes no value";
-                return PARSE_ERROR;
-            }
-            (name == "--headless" ? out.headless
-             : name == "--ascii"  ? out.ascii
-                                  : out.dumpOnChange) = true;
-        } else if (name == "--listen") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ValidAddress(value))
-                return bad("address (tcp:HOST:PORT or unix:PATH)");
-            out.listen = value;
-        } else if (name == "--web" || name == "--web-token") {
-            if (!needValue())
-                return PARSE_ERROR;
-            (name == "--web" ? out.web : out.webToken) = value;
-        } else if (name == "--size") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseSize(value, out.width, out.height))
-                return bad("size (COLUMNSxROWS, each 1..256)");
-        } else if (name == "--slot" || name == "--display-type") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseLong(value, 0, 255, n))
-                return bad("number (0..255)");
-            (name == "--slot" ? out.slotId : out.displayType) = uint8_t(n);
-        } else if (name == "--voltage") {
-            if (!needValue())
-                return PARSE_ERROR;
-            char* end = nullptr;
-            const float v = std::strtof(value.c_str(), &end);
-            if (value.empty() || *end != '\0' || !std::isfinite(v))
-                return bad("voltage");
-            out.voltage = v;
-        } else if (name == "--panel-version") {
-            if (!needValue())
-                return PARSE_ERROR;
-            out.version = value;
-        } else if (name == "--temperature") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseLong(value, -32768, 32767, n))
-                return bad("temperature");
-            out.temperature = int16_t(n);
-        } else if (name == "--fan-speed") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseLong(value, 0, 65535, n))
-                return bad("fan speed");
-            out.fanSpeed = uint16_t(n);
-        } else if (name == "--script" || name == "--record") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (value.empty())
-                return bad("file");
-            (name == "--script" ? out.script : out.record) = value;
-        } else if (name == "--sync-ms" || name == "--sync-timeout-ms") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseLong(value, 1, 600000, n))
-                return bad("time (1..600000 ms)");
-            (name == "--sync-ms" ? out.syncMs : out.syncTimeoutMs) = unsigned(n);
-        } else if (name == "--release-ms") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseLong(value, 10, 5000, n))
-                return bad("time (10..5000 ms)");
-            out.releaseMs = unsigned(n);
-        } else if (name == "--baud") {
-            if (!needValue())
-                return PARSE_ERROR;
-            if (!ParseLong(value, 50, 4000000, n))
-                return bad("baud rate (50..4000000)");
-            out.baud = unsigned(n);
-        } else {
-            error = "unknown option '" + arg + "'";
+        }
+        if (!option->set(value, out)) {
+            error = "bad " + std::string(option->what) + " for " + name + ": '" + value + "'";
             return PARSE_ERROR;
         }
     }
