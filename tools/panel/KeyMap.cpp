@@ -47,6 +47,36 @@ KeyAction_t Action(KeyAction_e action) {
     return a;
 }
 
+struct Binding_t {
+    int ch;
+    KeyAction_t action;
+};
+
+// Terminal keys with a fixed meaning. Terminals send DEL or ^H for the
+// backspace key, depending on setup, so all three count.
+const Binding_t kBindings[] = {
+    {KEY_LEFT, Panel(kPanelLeft)},
+    {KEY_UP, Panel(kPanelUp)},
+    {KEY_RIGHT, Panel(kPanelRight)},
+    {KEY_DOWN, Panel(kPanelDown)},
+    {kEsc, Panel(kPanelExit)},
+    {KEY_ENTER, Panel(kPanelEnter)},
+    {'\n', Panel(kPanelEnter)},
+    {'\r', Panel(kPanelEnter)},
+    {KEY_BACKSPACE, Panel(kPanelBackspace)},
+    {kDel, Panel(kPanelBackspace)},
+    {'\b', Panel(kPanelBackspace)},
+    {KEY_DC, Panel(kPanelDelete)},
+    {' ', Panel(kPanelSpace)},
+    {KEY_F(5), Panel(kPanelRefresh)},
+    {kCtrlQ, Action(ACTION_QUIT)},
+    {KEY_F(10), Action(ACTION_QUIT)},
+    {KEY_F(2), Action(ACTION_TEMP_UP)},
+    {KEY_F(3), Action(ACTION_TEMP_DOWN)},
+    {KEY_F(6), Action(ACTION_FAN_UP)},
+    {KEY_F(7), Action(ACTION_FAN_DOWN)},
+};
+
 const char* const kLegend[] = {
     "Arrows Enter Esc Backspace Delete Space: panel keys",
     "0-9 a-z A-Z: panel keys   F5: REFRESH",
@@ -58,47 +88,9 @@ const char* const kLegend[] = {
 }  // namespace
 
 KeyAction_t KeyMap::FromCurses(int ch) {
-    switch (ch) {
-        case KEY_LEFT:
-            return Panel(kPanelLeft);
-        case KEY_UP:
-            return Panel(kPanelUp);
-        case KEY_RIGHT:
-            return Panel(kPanelRight);
-        case KEY_DOWN:
-            return Panel(kPanelDown);
-        case kEsc:
-            return Panel(kPanelExit);
-        case KEY_ENTER:
-        case '\n':
-        case '\r':
-            return Panel(kPanelEnter);
-        // Terminals send DEL or ^H for the backspace key, depending on setup.
-        case KEY_BACKSPACE:
-        case kDel:
-        case '\b':
-            return Panel(kPanelBackspace);
-        case KEY_DC:
-            return Panel(kPanelDelete);
-        case ' ':
-            return Panel(kPanelSpace);
-        case kCtrlQ:
-            return Action(ACTION_QUIT);
-        default:
-            break;
-    }
-    if (ch == KEY_F(5))
-        return Panel(kPanelRefresh);
-    if (ch == KEY_F(10))
-        return Action(ACTION_QUIT);
-    if (ch == KEY_F(2))
-        return Action(ACTION_TEMP_UP);
-    if (ch == KEY_F(3))
-        return Action(ACTION_TEMP_DOWN);
-    if (ch == KEY_F(6))
-        return Action(ACTION_FAN_UP);
-    if (ch == KEY_F(7))
-        return Action(ACTION_FAN_DOWN);
+    for (const Binding_t& binding : kBindings)
+        if (binding.ch == ch)
+            return binding.action;
     // The panel puts 0 before 1-9, and lower-case letters before upper-case.
     if (ch == '0')
         return Panel(kPanel0);
