@@ -2,13 +2,13 @@
 
 #include <langinfo.h>
 
-#include <chrono>
 #include <clocale>
 #include <cstring>
 
 #include "fp/core/KeyTypes.h"
 #include "tools/panel/KeyMap.h"
 #include "tools/panel/PanelText.h"
+#include "tools/panel/internal/ToolSupport.h"
 
 // After the library's headers: curses' key macros would clash with their names.
 #include <curses.h>
@@ -19,12 +19,6 @@ namespace {
 
 const int kTickMs = 20;
 const size_t kLogLines = 3;
-
-uint64_t NowMs() {
-    return uint64_t(std::chrono::duration_cast<std::chrono::milliseconds>(
-                        std::chrono::steady_clock::now().time_since_epoch())
-                        .count());
-}
 
 // Writes text at (y, x), cut at the right edge instead of wrapping.
 void Put(int y, int x, const std::string& text) {

@@ -4,10 +4,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 
 #include "tools/panel/PanelSnapshot.h"
 #include "tools/panel/ScreenCheck.h"
+#include "tools/panel/internal/ToolSupport.h"
 
 namespace FPPANEL {
 
@@ -15,12 +15,6 @@ namespace {
 
 // Short enough that a wait or sync ends close to its time.
 const int kTickMs = 10;
-
-uint64_t NowMs() {
-    return uint64_t(std::chrono::duration_cast<std::chrono::milliseconds>(
-                        std::chrono::steady_clock::now().time_since_epoch())
-                        .count());
-}
 
 bool IsScreenRow(const std::string& line) {
     return !line.empty() && (line[0] == '|' || line[0] == '+');

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tools/panel/internal/ToolSupport.h"
+
 namespace FPPANEL {
 
 namespace {
@@ -21,20 +23,14 @@ PanelServer::~PanelServer() {
 }
 
 bool PanelServer::Start(std::string& error) {
-    if (acceptor_) {
-        error = "already started";
-        return false;
-    }
-    if (!listener_.Listen(options_.listen)) {
-        error = "cannot listen on " + options_.listen;
-        return false;
-    }
+    if (acceptor_)
+        return Fail(error, "already started");
+    if (!listener_.Listen(options_.listen))
+        return Fail(error, "cannot listen on " + options_.listen);
     acceptor_.reset(
         new KT::CThread("fp-panel-accept", 0, KT::CFunctor<bool()>(this, &PanelServer::AcceptRun)));
-    if (!acceptor_->Run()) {
-        error = "cannot start the accept thread";
-        return false;
-    }
+    if (!acceptor_->Run())
+        return Fail(error, "cannot start the accept thread");
     Log("listening on " + options_.listen);
     return true;
 }

@@ -4,6 +4,7 @@
 
 #include "sim/PanelPicture.h"
 #include "tools/panel/PanelText.h"
+#include "tools/panel/internal/ToolSupport.h"
 
 namespace FPPANEL {
 
@@ -52,14 +53,11 @@ bool PanelSnapshot::Save(const std::string& path, const FPSIM::PanelState_t& sta
         std::ofstream file(path, std::ios::binary | std::ios::trunc);
         file << format.render(state, utf8);
         file.close();
-        if (!file) {
-            error = "cannot write " + path;
-            return false;
-        }
+        if (!file)
+            return Fail(error, "cannot write " + path);
         return true;
     }
-    error = "no snapshot format for '" + path + "' (known: " + known + ")";
-    return false;
+    return Fail(error, "no snapshot format for '" + path + "' (known: " + known + ")");
 }
 
 }  // namespace FPPANEL

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <vector>
 
+#include "tools/panel/internal/ToolSupport.h"
 #include "tools/web/internal/Assets.h"
 #include "tools/web/internal/OriginCheck.h"
 #include "tools/web/internal/StateJson.h"
@@ -20,12 +21,6 @@ const int kPumpMs = 20;
 const size_t kMaxFrame = 4096;
 // Workers serve plain page loads besides the sockets, each of which keeps one.
 const unsigned kSpareWorkers = 3;
-
-uint64_t NowMs() {
-    return uint64_t(std::chrono::duration_cast<std::chrono::milliseconds>(
-                        std::chrono::steady_clock::now().time_since_epoch())
-                        .count());
-}
 
 std::string Header(const mg_connection* conn, const char* name) {
     const char* value = mg_get_header(conn, name);
@@ -58,10 +53,8 @@ WebFrontEnd::~WebFrontEnd() {
 }
 
 bool WebFrontEnd::Start(std::string& error) {
-    if (context_) {
-        error = "the web view is already running";
-        return false;
-    }
+    if (context_)
+        return FPPANEL::Fail(error, "the web view is already running");
     mg_init_library(0);
     const std::string ports = options_.host + ":" + std::to_string(options_.port);
     const std::string threads = std::to_string(options_.maxClients + kSpareWorkers);
@@ -88,8 +81,7 @@ bool WebFrontEnd::Start(std::string& error) {
     context_ = mg_start(&callbacks, this, config);
     if (!context_) {
         mg_exit_library();
-        error = "cannot serve the web view on " + ports;
-        return false;
+        return FPPANEL::Fail(error, "cannot serve the web view on " + ports);
     }
     mg_server_port bound[4];
     std::memset(bound, 0, sizeof bound);
@@ -230,7 +222,7 @@ bool WebFrontEnd::Data(mg_connection* conn, int bits, const char* data, size_t l
         return false;
     if (opcode == MG_WEBSOCKET_OPCODE_PING || opcode == MG_WEBSOCKET_OPCODE_PONG)
         return true;
-    const uint64_t now = NowMs();
+    const uint64_t now = FPPANEL::NowMs();
     std::lock_guard<std::mutex> lock(mutex_);
     auto it = clients_.find(conn);
     if (it == clients_.end())
@@ -277,7 +269,7 @@ void WebFrontEnd::PumpRun() {
         wake_.wait_for(lock, std::chrono::milliseconds(kPumpMs));
         if (stopping_)
             break;
-        const uint64_t now = NowMs();
+        const uint64_t now = FPPANEL::NowMs();
         for (auto& entry : clients_)
             for (const auto& e : entry.second->session->Poll(now).keys)
                 e.down ? panel_.KeyDown(e.key) : panel_.KeyUp(e.key);

@@ -2,6 +2,8 @@
 // link the same either way and --web explains itself.
 #include "tools/web/WebFrontEnd.h"
 
+#include "tools/panel/internal/ToolSupport.h"
+
 namespace FPWEB {
 
 struct WebFrontEnd::Client {};
@@ -12,8 +14,8 @@ WebFrontEnd::WebFrontEnd(FPPANEL::PanelView& panel, const WebOptions_t& options)
 WebFrontEnd::~WebFrontEnd() = default;
 
 bool WebFrontEnd::Start(std::string& error) {
-    error = "this build has no web view (it was built without libcivetweb-dev)";
-    return false;
+    return FPPANEL::Fail(error,
+                         "this build has no web view (it was built without libcivetweb-dev)");
 }
 
 void WebFrontEnd::Stop() {}

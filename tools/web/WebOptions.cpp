@@ -8,29 +8,25 @@
 #include <fstream>
 #include <random>
 
+#include "tools/panel/internal/ToolSupport.h"
+
 namespace FPWEB {
 
 bool WebOptions::ParseAddress(const std::string& text, WebOptions_t& out, std::string& error) {
     const size_t colon = text.rfind(':');
-    if (colon == std::string::npos || colon == 0 || colon + 1 == text.size()) {
-        error = "bad web address '" + text + "' (HOST:PORT)";
-        return false;
-    }
+    if (colon == std::string::npos || colon == 0 || colon + 1 == text.size())
+        return FPPANEL::Fail(error, "bad web address '" + text + "' (HOST:PORT)");
     const std::string host = text.substr(0, colon);
     const std::string port = text.substr(colon + 1);
     in_addr a{};
-    if (host != "localhost" && inet_pton(AF_INET, host.c_str(), &a) != 1) {
-        error = "bad web host '" + host + "' (an IPv4 address or localhost)";
-        return false;
-    }
+    if (host != "localhost" && inet_pton(AF_INET, host.c_str(), &a) != 1)
+        return FPPANEL::Fail(error, "bad web host '" + host + "' (an IPv4 address or localhost)");
     char* end = nullptr;
     errno = 0;
     const long p = std::strtol(port.c_str(), &end, 10);
     if (port.find_first_not_of("0123456789") != std::string::npos || errno != 0 || *end != '\0' ||
-        p < 0 || p > 65535) {
-        error = "bad web port '" + port + "' (0..65535)";
-        return false;
-    }
+        p < 0 || p > 65535)
+        return FPPANEL::Fail(error, "bad web port '" + port + "' (0..65535)");
     out.host = host;
     out.port = unsigned(p);
     return true;
@@ -41,10 +37,8 @@ bool WebOptions::ParseToken(const std::string& text, WebOptions_t& out, std::str
                       text.find_first_not_of(
                           "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
                           "0123456789-_") == std::string::npos;
-    if (!fits) {
-        error = "bad web token (8 to 64 letters, digits, '-' or '_')";
-        return false;
-    }
+    if (!fits)
+        return FPPANEL::Fail(error, "bad web token (8 to 64 letters, digits, '-' or '_')");
     out.token = text;
     return true;
 }
