@@ -21,6 +21,7 @@
 #include "tools/panel/CursesScreen.h"
 #include "tools/panel/PanelSnapshot.h"
 #include "tools/panel/PanelText.h"
+#include "tools/panel/ToolMain.h"
 #include "tools/web/WebFrontEnd.h"
 
 namespace {
@@ -34,13 +35,6 @@ void OnQuitSignal(int) {
     const int saved = errno;
     (void)!::write(gQuitPipe[1], "q", 1);
     errno = saved;
-}
-
-void Install(int signo) {
-    struct sigaction sa = {};
-    sa.sa_handler = OnQuitSignal;
-    sigemptyset(&sa.sa_mask);
-    sigaction(signo, &sa, nullptr);
 }
 
 // mkdir -p for the directory part of path.
@@ -173,20 +167,14 @@ const char kTour[] = "ENTER EXIT DOWN ENTER DOWN EXIT DOWN DOWN DOWN ENTER EXIT 
 
 int main(int argc, char** argv) {
     FPDEMO::DemoOptions_t o;
+    int status = 0;
+    const FPDEMO::DemoOptions::Result_e parsed =
+        FPPANEL::ReadCommandLine<FPDEMO::DemoOptions>("fp-demo", argc, argv, o, status);
+    if (parsed == FPDEMO::DemoOptions::PARSE_VERSION)
+        std::printf("fp-demo %s\n", FP_VERSION);
+    if (parsed != FPDEMO::DemoOptions::PARSE_OK)
+        return status;
     std::string error;
-    switch (FPDEMO::DemoOptions::Parse(argc, argv, o, error)) {
-        case FPDEMO::DemoOptions::PARSE_HELP:
-            std::fputs(FPDEMO::DemoOptions::Usage(argv[0]).c_str(), stdout);
-            return 0;
-        case FPDEMO::DemoOptions::PARSE_VERSION:
-            std::printf("fp-demo %s\n", FP_VERSION);
-            return 0;
-        case FPDEMO::DemoOptions::PARSE_ERROR:
-            std::fprintf(stderr, "fp-demo: %s (see --help)\n", error.c_str());
-            return 2;
-        case FPDEMO::DemoOptions::PARSE_OK:
-            break;
-    }
     std::vector<FPDEMO::ScriptStep_t> steps;
     if (!FPDEMO::KeyScript::Parse(o.keys, steps, error)) {
         std::fprintf(stderr, "fp-demo: --keys: %s\n", error.c_str());
@@ -194,15 +182,11 @@ int main(int argc, char** argv) {
     }
     FPWEB::WebOptions_t web;
     web.title = "fp-demo";
-    if (!o.web.empty() && !FPWEB::WebOptions::FromCommandLine(o.web, o.webToken, web, error)) {
-        std::fprintf(stderr, "fp-demo: %s (see --help)\n", error.c_str());
-        return 2;
-    }
-    std::signal(SIGPIPE, SIG_IGN);  // a panel that vanishes shows up as a failed write
+    if (!o.web.empty() && !FPWEB::WebOptions::FromCommandLine(o.web, o.webToken, web, error))
+        return FPPANEL::BadCommandLine("fp-demo", error);
     if (::pipe2(gQuitPipe, O_CLOEXEC) != 0)
         return 1;
-    Install(SIGINT);
-    Install(SIGTERM);
+    FPPANEL::CatchQuitSignals(OnQuitSignal);
 
     std::string logPath;
     if (!SetUpLog(o, logPath))

@@ -11,6 +11,7 @@
 #include "tools/panel/KeyRecorder.h"
 #include "tools/panel/PanelOptions.h"
 #include "tools/panel/PanelServer.h"
+#include "tools/panel/ToolMain.h"
 #include "tools/web/WebFrontEnd.h"
 
 namespace {
@@ -26,13 +27,6 @@ void OnDumpSignal(int) {
     gDump = 1;
 }
 
-void Install(int signo, void (*handler)(int)) {
-    struct sigaction sa = {};
-    sa.sa_handler = handler;
-    sigemptyset(&sa.sa_mask);
-    sigaction(signo, &sa, nullptr);
-}
-
 void LogToStderr(const std::string& line) {
     std::fprintf(stderr, "fp-panel: %s\n", line.c_str());
 }
@@ -41,27 +35,17 @@ void LogToStderr(const std::string& line) {
 
 int main(int argc, char** argv) {
     FPPANEL::PanelOptions_t options;
+    int status = 0;
+    if (FPPANEL::ReadCommandLine<FPPANEL::PanelOptions>("fp-panel", argc, argv, options, status) !=
+        FPPANEL::PanelOptions::PARSE_OK)
+        return status;
     std::string error;
-    switch (FPPANEL::PanelOptions::Parse(argc, argv, options, error)) {
-        case FPPANEL::PanelOptions::PARSE_HELP:
-            std::fputs(FPPANEL::PanelOptions::Usage(argv[0]).c_str(), stdout);
-            return 0;
-        case FPPANEL::PanelOptions::PARSE_ERROR:
-            std::fprintf(stderr, "fp-panel: %s (see --help)\n", error.c_str());
-            return 2;
-        case FPPANEL::PanelOptions::PARSE_OK:
-            break;
-    }
     FPWEB::WebOptions_t webOptions;
     if (!options.web.empty() &&
-        !FPWEB::WebOptions::FromCommandLine(options.web, options.webToken, webOptions, error)) {
-        std::fprintf(stderr, "fp-panel: %s (see --help)\n", error.c_str());
-        return 2;
-    }
-    std::signal(SIGPIPE, SIG_IGN);  // a unit that vanishes shows up as a failed write
-    Install(SIGINT, OnQuitSignal);
-    Install(SIGTERM, OnQuitSignal);
-    Install(SIGUSR1, OnDumpSignal);
+        !FPWEB::WebOptions::FromCommandLine(options.web, options.webToken, webOptions, error))
+        return FPPANEL::BadCommandLine("fp-panel", error);
+    FPPANEL::CatchQuitSignals(OnQuitSignal);
+    FPPANEL::CatchSignal(SIGUSR1, OnDumpSignal);
 
     const bool headless = options.headless || !options.script.empty() || !isatty(STDIN_FILENO) ||
                           !isatty(STDOUT_FILENO);
