@@ -39,8 +39,6 @@ public:
                        FPSIM::Clock_e clock = FPSIM::TIME_REAL, unsigned baud = 0,
                        const FP::PanelStack::Options& options = FP::PanelStack::Options());
     ~PanelLink();
-    PanelLink(const PanelLink&) = delete;
-    PanelLink& operator=(const PanelLink&) = delete;
 
     FPSIM::PanelSim& Sim() { return *sim_; }
     FP::PanelStack& Stack() { return *stack_; }
@@ -63,8 +61,6 @@ class DrainedLink {
 public:
     DrainedLink();
     ~DrainedLink();
-    DrainedLink(const DrainedLink&) = delete;
-    DrainedLink& operator=(const DrainedLink&) = delete;
 
     FP::FpAdapter& Adapter() { return stack_->Adapter(); }
     FP::FpControl& Control() { return stack_->Control(); }
