@@ -18,19 +18,15 @@ void CWakeUpTimer::Stop() {
 }
 
 void CWakeUpTimer::Wake() {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        ++wakeCount_;
-    }
-    cond_.notify_all();
+    wakes_.Wake();
 }
 
 bool CWakeUpTimer::Wait(unsigned int timeoutMs) {
     std::unique_lock<std::mutex> lock(mutex_);
     const auto deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
-    const unsigned long seen = wakeCount_;
+    const unsigned long seen = wakes_.Seen();
     for (;;) {
-        if (wakeCount_ != seen)
+        if (wakes_.WokenSince(seen))
             return true;
         auto now = Clock::now();
         if (periodMs_ > 0 && now >= next_) {

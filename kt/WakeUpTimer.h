@@ -4,6 +4,8 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "kt/WakeCount.h"
+
 namespace KT {
 
 /// A timer that an application loop waits on: it wakes its waiters when its
@@ -37,7 +39,7 @@ private:
     std::condition_variable cond_;
     unsigned int periodMs_ = 0;
     Clock::time_point next_;
-    unsigned long wakeCount_ = 0;
+    CWakeCount wakes_{mutex_, cond_};
 };
 
 }  // namespace KT

@@ -77,18 +77,14 @@ size_t CEventDispatcher::DeliverPending() {
 
 bool CEventDispatcher::WaitPending(unsigned int ms) {
     std::unique_lock<std::mutex> lock(mutex_);
-    const unsigned long wakes = wakes_;
+    const unsigned long seen = wakes_.Seen();
     return changed_.wait_for(lock, std::chrono::milliseconds(ms), [&] {
-        return !pending_.empty() || stopping_ || wakes_ != wakes;
+        return !pending_.empty() || stopping_ || wakes_.WokenSince(seen);
     }) && !pending_.empty();
 }
 
 void CEventDispatcher::WakeWaiters() {
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        ++wakes_;
-    }
-    changed_.notify_all();
+    wakes_.Wake();
 }
 
 bool CEventDispatcher::WaitIdle(unsigned int ms) {

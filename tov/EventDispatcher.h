@@ -7,6 +7,7 @@
 #include <string>
 #include <thread>
 
+#include "kt/WakeCount.h"
 #include "tov/ManagedEventSink.h"
 
 namespace TOV {
@@ -62,7 +63,7 @@ private:
     std::condition_variable changed_;
     std::deque<Event_t> pending_;
     bool stopping_ = false;
-    unsigned long wakes_ = 0;  // bumped by WakeWaiters
+    KT::CWakeCount wakes_{mutex_, changed_};  // bumped by WakeWaiters
     std::thread thread_;
     // The call in progress, if any, and the thread making it.
     IManagedEventSink* busySink_ = nullptr;

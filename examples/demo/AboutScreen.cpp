@@ -2,17 +2,12 @@
 
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/RowFit.h"
-#include "examples/demo/ScreenNames.h"
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 
 namespace FPDEMO {
 
-AboutScreen::AboutScreen() : BaseConfigScreen(400, true) {
-    SetName(Screen::kAbout);
-    menu.SetTitle("About");
-    menu.SetExitScreen(Screen::kMain);
-}
+AboutScreen::AboutScreen() : SettingsScreen("About", "About", 400) {}
 
 void AboutScreen::CreateLines() {
     auto* blurb = static_cast<FP::ScrollLine*>(RowFit::NewScrollRow());

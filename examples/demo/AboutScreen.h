@@ -2,14 +2,14 @@
 
 #include <vector>
 
-#include "fp/screens/BaseConfigScreen.h"
+#include "examples/demo/SettingsScreen.h"
 
 namespace FPDEMO {
 
 // What the demo is, and its versions. Nothing here is edited; it is a
 // configuration screen so that each row can be selected and a long one
 // scrolled with Left and Right.
-class AboutScreen : public FP::BaseConfigScreen {
+class AboutScreen : public SettingsScreen {
 public:
     AboutScreen();
     void CreateLines() override;

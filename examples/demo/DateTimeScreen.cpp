@@ -2,15 +2,10 @@
 
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/RowFit.h"
-#include "examples/demo/ScreenNames.h"
 
 namespace FPDEMO {
 
-DateTimeScreen::DateTimeScreen() : BaseConfigScreen(2000, true) {
-    SetName(Screen::kDateTime);
-    menu.SetTitle("Date & Time");
-    menu.SetExitScreen(Screen::kMain);
-}
+DateTimeScreen::DateTimeScreen() : SettingsScreen("DateTime", "Date & Time") {}
 
 void DateTimeScreen::CreateLines() {
     // On a narrow panel the title says what the rows hold; a caption would

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "fp/screens/BaseConfigScreen.h"
+#include "examples/demo/SettingsScreen.h"
 
 namespace FPDEMO {
 
 // The unit's date and time, read from and written to the engine.
-class DateTimeScreen : public FP::BaseConfigScreen {
+class DateTimeScreen : public SettingsScreen {
 public:
     DateTimeScreen();
     void CreateLines() override;

@@ -3,6 +3,7 @@
 #include <log4cpp/Category.hh>
 
 #include <cstdlib>
+#include <utility>
 
 #include "examples/demo/AboutScreen.h"
 #include "examples/demo/DateTimeScreen.h"
@@ -10,7 +11,6 @@
 #include "examples/demo/DisplayScreen.h"
 #include "examples/demo/MainMenuScreen.h"
 #include "examples/demo/NetworkScreen.h"
-#include "examples/demo/ScreenNames.h"
 #include "examples/demo/StatusScreen.h"
 #include "examples/demo/WizardScreen.h"
 #include "fp/core/Names.h"
@@ -34,11 +34,18 @@ unsigned char Level(const std::string& text) {
 
 DemoUnit::DemoUnit(TOV::CDataStore& store, const FP::Unit::Options& options)
     : TOV::IManagedEventSink("fp-demo"), store_(store), unit_(store, options) {
-    FP::BaseScreen* screens[] = {new MainMenuScreen, new StatusScreen,   new NetworkScreen,
-                                 new DisplayScreen,  new DateTimeScreen, new WizardScreen,
-                                 new AboutScreen};
-    for (FP::BaseScreen* screen : screens)
-        unit_.AddScreen(std::unique_ptr<FP::BaseScreen>(screen));
+    auto* menu = new MainMenuScreen;
+    unit_.AddScreen(std::unique_ptr<FP::BaseScreen>(menu));
+    // The main menu's rows in order, each with the screen it opens; a screen
+    // spells its own name, so the menu cannot point at one that is not there.
+    const std::pair<const char*, FP::BaseScreen*> screens[] = {
+        {"Status", new StatusScreen},       {"Network", new NetworkScreen},
+        {"Display", new DisplayScreen},     {"Date & Time", new DateTimeScreen},
+        {"Setup Wizard", new WizardScreen}, {"About", new AboutScreen}};
+    for (const auto& entry : screens) {
+        menu->AddEntry(entry.first, entry.second->GetName());
+        unit_.AddScreen(std::unique_ptr<FP::BaseScreen>(entry.second));
+    }
     unit_.SetLinkListener([this](const FP::Unit::LinkEvent_t& e) { OnLink(e); });
     unit_.SetPanelHook([this](FP::FpControl& control) { SetUpPanel(control); });
 }

@@ -3,16 +3,11 @@
 #include <map>
 
 #include "examples/demo/DemoVars.h"
-#include "examples/demo/ScreenNames.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FPDEMO {
 
-DisplayScreen::DisplayScreen() : BaseConfigScreen(2000, true) {
-    SetName(Screen::kDisplay);
-    menu.SetTitle("Display");
-    menu.SetExitScreen(Screen::kMain);
-}
+DisplayScreen::DisplayScreen() : SettingsScreen("Display", "Display") {}
 
 void DisplayScreen::CreateLines() {
     std::map<std::string, std::string> levels;

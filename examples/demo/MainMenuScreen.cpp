@@ -1,21 +1,19 @@
 #include "examples/demo/MainMenuScreen.h"
 
-#include "examples/demo/ScreenNames.h"
-
 namespace FPDEMO {
 
 MainMenuScreen::MainMenuScreen() {
-    SetName(Screen::kMain);
+    SetName(kName);
     menu.SetTitle("Main Menu");
 }
 
+void MainMenuScreen::AddEntry(const std::string& caption, const std::string& screen) {
+    entries_.emplace_back(caption, screen);
+}
+
 void MainMenuScreen::CreateLines() {
-    CreateLine("Status", Screen::kStatus);
-    CreateLine("Network", Screen::kNetwork);
-    CreateLine("Display", Screen::kDisplay);
-    CreateLine("Date & Time", Screen::kDateTime);
-    CreateLine("Setup Wizard", Screen::kWizard);
-    CreateLine("About", Screen::kAbout);
+    for (const auto& entry : entries_)
+        CreateLine(entry.first, entry.second);
 }
 
 }  // namespace FPDEMO

@@ -6,7 +6,6 @@
 
 #include "examples/demo/DemoVars.h"
 #include "examples/demo/RowFit.h"
-#include "examples/demo/ScreenNames.h"
 #include "fp/lines/MacLine.h"
 #include "fp/menu/BaseLine.h"
 
@@ -17,11 +16,7 @@ const unsigned kHostNameLength = 16;
 const unsigned kMacLength = 17;
 }  // namespace
 
-NetworkScreen::NetworkScreen() : BaseConfigScreen(2000, true) {
-    SetName(Screen::kNetwork);
-    menu.SetTitle("Network");
-    menu.SetExitScreen(Screen::kMain);
-}
+NetworkScreen::NetworkScreen() : SettingsScreen("Network", "Network") {}
 
 void NetworkScreen::CreateLines() {
     const FP::Display* panel = GetDisplay();

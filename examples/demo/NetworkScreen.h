@@ -2,12 +2,12 @@
 
 #include <vector>
 
-#include "fp/screens/BaseConfigScreen.h"
+#include "examples/demo/SettingsScreen.h"
 
 namespace FPDEMO {
 
 // The unit's network settings; each row writes its value when committed.
-class NetworkScreen : public FP::BaseConfigScreen {
+class NetworkScreen : public SettingsScreen {
 public:
     NetworkScreen();
     void CreateLines() override;

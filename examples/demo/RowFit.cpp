@@ -5,6 +5,7 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyle.h"
+#include "unit/Unit.h"
 
 namespace FPDEMO {
 namespace RowFit {
@@ -12,11 +13,11 @@ namespace RowFit {
 namespace {
 // Cursor column in front, arrow cell and the column after it behind.
 constexpr unsigned kBesideArrow = 3;
-constexpr unsigned kDefaultWidth = 20;
 }  // namespace
 
 unsigned Width(const FP::Display* display) {
-    return display ? display->GetDisplayWidth() : kDefaultWidth;
+    // Before a display is set: the width a unit drives unless told otherwise.
+    return display ? display->GetDisplayWidth() : FP::Unit::Options().width;
 }
 
 unsigned Room(const FP::Display* display) {

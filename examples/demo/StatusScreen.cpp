@@ -4,18 +4,18 @@
 #include <utility>
 
 #include "examples/demo/DemoVars.h"
+#include "examples/demo/MainMenuScreen.h"
 #include "examples/demo/RowFit.h"
-#include "examples/demo/ScreenNames.h"
 #include "fp/core/Names.h"
 #include "fp/menu/BaseLine.h"
 
 namespace FPDEMO {
 
 StatusScreen::StatusScreen() {
-    SetName(Screen::kStatus);
+    SetName("Status");
     SetSelectScreen(FP::kNoScreen);
     menu.SetTitle("Status");
-    menu.SetExitScreen(Screen::kMain);
+    menu.SetExitScreen(MainMenuScreen::kName);
 }
 
 void StatusScreen::CreateLines() {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "examples/demo/DemoVars.h"
+#include "examples/demo/MainMenuScreen.h"
 #include "examples/demo/RowFit.h"
-#include "examples/demo/ScreenNames.h"
 #include "fp/client/FpClient.h"
 #include "fp/menu/BaseLine.h"
 #include "tov/Txn.h"
@@ -18,10 +18,7 @@ namespace {
 const unsigned kHostNameLength = 16;
 }  // namespace
 
-WizardScreen::WizardScreen() : BaseConfigScreen(2000, true), wizard_(&menu) {
-    SetName(Screen::kWizard);
-    menu.SetTitle("Setup Wizard");
-    menu.SetExitScreen(Screen::kMain);
+WizardScreen::WizardScreen() : SettingsScreen("Wizard", "Setup Wizard"), wizard_(&menu) {
     wizard_.SetWizardDoneHandler(KT::CFunctor<TOV::CRet()>(this, &WizardScreen::Apply));
 }
 
@@ -81,7 +78,7 @@ std::string WizardScreen::KeyPress(const FP::KeyState_t& key) {
     applied_ = false;
     const std::string next = wizard_.HandleKeyPress(key, display);
     // Done: back to the menu, which redraws the panel.
-    return applied_ ? std::string(Screen::kMain) : next;
+    return applied_ ? std::string(MainMenuScreen::kName) : next;
 }
 
 }  // namespace FPDEMO

@@ -2,15 +2,15 @@
 
 #include <vector>
 
+#include "examples/demo/SettingsScreen.h"
 #include "fp/menu/WizardManager.h"
-#include "fp/screens/BaseConfigScreen.h"
 
 namespace FPDEMO {
 
 // First-time setup: host name, address, netmask and gateway entered one after
 // the other and applied together, or not at all. A gateway outside the
 // address's subnet is refused.
-class WizardScreen : public FP::BaseConfigScreen {
+class WizardScreen : public SettingsScreen {
 public:
     WizardScreen();
     void CreateLines() override;

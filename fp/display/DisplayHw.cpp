@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "fp/core/Names.h"
 #include "fp/display/internal/PanelShadow.h"
 #include "fp/link/FpControl.h"
 
@@ -11,6 +12,27 @@ namespace {
 
 // Columns kept free at the right end of line 0 for the navigation symbols.
 const unsigned int kNavSymbolColumns = 3;
+
+// The glyph each navigation bit lights and the cell it takes. Every cell has
+// one low bit and one high bit; the low one wins when both are set.
+struct NavGlyph {
+    unsigned char bit;
+    unsigned int cell;
+    char glyph;
+};
+const NavGlyph kNavGlyphs[] = {
+    {NavSymbol::kLeftRight, 0, '\x80'}, {NavSymbol::kUpDown, 1, '\x7F'},
+    {NavSymbol::kEnter, 2, '\x81'},     {NavSymbol::kExit, 0, '\x83'},
+    {NavSymbol::kCheck, 1, '\x84'},     {NavSymbol::kCross, 2, '\x85'},
+};
+const unsigned char kLowNavBits = NavSymbol::kLeftRight | NavSymbol::kUpDown | NavSymbol::kEnter;
+
+void LayNavGlyphs(std::string& symbols, unsigned bits) {
+    for (const NavGlyph& nav : kNavGlyphs) {
+        if (bits & nav.bit)
+            symbols[nav.cell] = nav.glyph;
+    }
+}
 
 unsigned char Byte(unsigned int value) {
     return static_cast<unsigned char>(value);
@@ -150,10 +172,10 @@ void DisplayHw::SendWindowUpdate(const std::string& text) {
 
 void DisplayHw::SendLockDisableSymbols(unsigned char mask) {
     std::string symbol(1, ' ');
-    if (mask & 0x08) {
+    if (mask & NavSymbol::kLock) {
         symbol[0] = '\x82';
     }
-    if (mask & 0x10) {
+    if (mask & NavSymbol::kDisabled) {
         symbol[0] = '\x8A';
     }
     Put(symbol, 0, 0, false);
@@ -162,33 +184,17 @@ void DisplayHw::SendLockDisableSymbols(unsigned char mask) {
 void DisplayHw::SendNavSymbols(unsigned char mask) {
     Batch batch(*this);
     if (lockShown) {
-        SendLockDisableSymbols(0x08);
+        SendLockDisableSymbols(NavSymbol::kLock);
     }
     if (disableShown) {
-        SendLockDisableSymbols(0x10);
+        SendLockDisableSymbols(NavSymbol::kDisabled);
     }
     std::string symbols(kNavSymbolColumns, ' ');
-    if (mask & 0x40) {
-        symbols[0] = '\x83';
-    }
-    if (mask & 0x80) {
-        symbols[1] = '\x84';
-    }
-    if (mask & 0x20) {
-        symbols[2] = '\x85';
-    }
+    LayNavGlyphs(symbols, mask & ~kLowNavBits);
     Put(symbols, navColumn, navLine, false);
     // Sent again with the low bits laid over, so a low-bit symbol wins its
     // position and a high-bit one stays where its partner is clear.
-    if (mask & 0x01) {
-        symbols[0] = '\x80';
-    }
-    if (mask & 0x02) {
-        symbols[1] = '\x7F';
-    }
-    if (mask & 0x04) {
-        symbols[2] = '\x81';
-    }
+    LayNavGlyphs(symbols, mask & kLowNavBits);
     Put(symbols, navColumn, navLine, false);
 }
 

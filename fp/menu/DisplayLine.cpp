@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "fp/core/Names.h"
 #include "kt/Str.h"
 
 namespace FP {
 
 DisplayLine::DisplayLine() {
-    hoverNavMask = 6;
+    hoverNavMask = NavSymbol::kUpDown | NavSymbol::kEnter;
     editNavMask = 0;
     editing = false;
 }

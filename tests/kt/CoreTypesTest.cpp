@@ -80,6 +80,9 @@ TEST(Address, IpParsingTable) {
     ip[-1] = 7;
     ip[3] = 99;
     EXPECT_EQ(ip.GetIp(), "192.168.1.99");
+    ip = "1.2.3";  // a bad reassignment leaves nothing of the old address
+    EXPECT_FALSE(ip.IsValid());
+    EXPECT_EQ((ip = std::string("10.0.0.1")).GetIp(), "10.0.0.1");
     EXPECT_LT(KT::CIpAddress("9.255.255.255"), KT::CIpAddress("10.0.0.0"));  // numeric order
     EXPECT_EQ(KT::CIpAddress("010.0.0.1"), KT::CIpAddress("10.0.0.1"));
 }

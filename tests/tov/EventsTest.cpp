@@ -3,11 +3,15 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
+#include <future>
 #include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "kt/WakeUpTimer.h"
+#include "tov/EventDispatcher.h"
 #include "tov/TovClient.h"
 
 using namespace TOV;
@@ -140,6 +144,22 @@ TEST_F(EventsTest, QueuedClientDeliversOnTheCallersThreadOnly) {
     EXPECT_EQ(std::vector<std::string>{"level/0=3 by me old 0 on app-loop"}, kept.Calls());
     EXPECT_TRUE(dropped.Calls().empty());
     EXPECT_EQ(0u, client.DeliverEvents());
+}
+
+// A wake-up ends a wait on another thread at once. A wait cannot see a wake
+// that came before it began, so the waker repeats until the wait is over.
+TEST(WakeUps, EndTimerAndQueueWaitsOnAnotherThread) {
+    const auto wakeUntilDone = [](std::function<bool()> wait, std::function<void()> wake) {
+        auto done = std::async(std::launch::async, wait);
+        while (done.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
+            wake();
+        return done.get();
+    };
+    KT::CWakeUpTimer timer;
+    EXPECT_TRUE(wakeUntilDone([&] { return timer.Wait(60000); }, [&] { timer.Wake(); }));
+    CEventDispatcher queue(false);  // woken with nothing queued, the wait says so
+    EXPECT_FALSE(
+        wakeUntilDone([&] { return queue.WaitPending(60000); }, [&] { queue.WakeWaiters(); }));
 }
 
 TEST(ParamTest, TreesIndexAndRender) {

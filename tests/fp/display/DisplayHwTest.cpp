@@ -73,6 +73,8 @@ TEST_F(DisplayHwTest, NavigationAndLockSymbols) {
     EXPECT_EQ(adapter.Take(), Join({Text("\x83  ", 17, 0), Text("\x83  ", 17, 0)}));
     hw.SendNavSymbols(0xA6);
     EXPECT_EQ(adapter.Take(), Join({Text(" \x84\x85", 17, 0), Text(" \x7F\x81", 17, 0)}));
+    hw.SendNavSymbols(0xFF);  // every low bit wins its cell over its high partner
+    EXPECT_EQ(adapter.Take(), Join({Text("\x83\x84\x85", 17, 0), Text("\x80\x7F\x81", 17, 0)}));
 
     hw.SendLockDisableSymbols(0x07);
     EXPECT_EQ(adapter.Take(), Text(" ", 0, 0));
