@@ -9,12 +9,12 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "kt/StreamSocket.h"
 #include "tests/support/Child.h"
 #include "tests/support/TempDir.h"
+#include "tests/support/Waiting.h"
 
 // Runs the real fp-panel program headless, as a script would, and plays the
 // unit over its Unix socket with hand-written frames.
@@ -86,9 +86,7 @@ protected:
 
     // Connects as the unit; the panel greets every connection with its start-up frame.
     void Connect(KT::CStreamSocket& unit) {
-        for (int i = 0; i < 200 && !unit.Open("unix:" + path_); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(25));
-        ASSERT_TRUE(unit.IsOpen());
+        ASSERT_TRUE(fptest::WaitFor([&] { return unit.Open("unix:" + path_); }));
         EXPECT_EQ(Read(unit, 3), (Bytes{0x09, 'i', 0x7E}));
     }
     Bytes Read(KT::CStreamSocket& unit, size_t n) {
