@@ -244,10 +244,7 @@ TEST_F(ProtocolDocTest, UnitToPanelExamplesMatchTheLibrary) {
         log.Clear();
         const size_t open = call.find('(');
         const auto op = ops.find(call.substr(0, open));
-        if (op == ops.end()) {
-            ADD_FAILURE() << "unknown operation";
-            continue;
-        }
+        ASSERT_NE(op, ops.end()) << "unknown operation";
         const Args args = Split(Inside(call.substr(open), '('));
         ASSERT_EQ(args.size(), op->second.first);
         const Bytes bytes = Hex(e.One("bytes"));

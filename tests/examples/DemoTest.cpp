@@ -1,126 +1,91 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
-#include "tests/support/Emulator.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
-#include <functional>
+#include <memory>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
+
+#include "tests/support/Child.h"
+#include "tests/support/Emulator.h"
+#include "tests/support/TempDir.h"
+#include "tests/support/Waiting.h"
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-std::string Slurp(const std::string& path) {
-    std::ifstream in(path);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-// Polls until done() or the deadline; wide, so slow sanitizer builds pass.
-bool WaitFor(const std::function<bool()>& done, int seconds = 20) {
-    const auto end = Clock::now() + std::chrono::seconds(seconds);
-    while (!done()) {
-        if (Clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return true;
-}
-
-// A program run in the background, its output going to a file.
-class Child {
-public:
-    Child(const std::vector<std::string>& argv, const std::string& out) {
-        const int in = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-        const int fd = ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-        pid_ = fptest::Spawn(argv, in, fd, fd);
-        ::close(in);
-        ::close(fd);
-    }
-    ~Child() {
-        if (pid_ > 0) {
-            kill(pid_, SIGKILL);
-            Wait();
-        }
-    }
-    void Signal(int signo) { kill(pid_, signo); }
-    // Exit code, or -1 when it did not end in time.
-    int Wait(int seconds = 30) {
-        int status = 0;
-        bool ended = WaitFor([&] { return waitpid(pid_, &status, WNOHANG) == pid_; }, seconds);
-        if (ended)
-            pid_ = -1;
-        return ended && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-private:
-    pid_t pid_ = -1;
-};
+using fptest::Child;
+using fptest::WaitFor;
+using testing::HasSubstr;
+using testing::Not;
 
 class DemoTest : public ::testing::Test {
 protected:
-    DemoTest() {
-        char tmpl[] = "/tmp/fp-demo-test-XXXXXX";
-        dir = mkdtemp(tmpl);
-    }
-    ~DemoTest() override { std::system(("rm -rf " + dir).c_str()); }
     // Runs fp-demo to the end; answers its exit code, output in out.
     int Demo(std::vector<std::string> args, std::string& out) {
-        args.insert(args.begin(), {FP_DEMO_EXE, "--ascii", "--log", dir + "/demo.log"});
-        Child child(args, dir + "/out");
-        const int rc = child.Wait();
-        out = Slurp(dir + "/out");
+        args.insert(args.begin(), {FP_DEMO_EXE, "--ascii", "--log", dir.At("demo.log")});
+        const int rc = Child(args, dir.At("out")).Wait();
+        out = dir.Read("out");
         return rc;
     }
-    std::string dir;
+    std::string PanelAddress() const { return "unix:" + dir.At("panel.sock"); }
+    // fp-panel, headless, listening on PanelAddress(); its dumps go to file `name`.
+    std::unique_ptr<Child> Panel(const std::string& name) {
+        std::unique_ptr<Child> panel(new Child(
+            {FP_PANEL_EXE, "--headless", "--dump-on-change", "--ascii", "--listen", PanelAddress()},
+            dir.At(name)));
+        EXPECT_TRUE(WaitFor([&] { return access(dir.At("panel.sock").c_str(), F_OK) == 0; }));
+        return panel;
+    }
+    // Waits until file `name` holds text.
+    bool Shows(const std::string& name, const std::string& text) {
+        return WaitFor([&] { return dir.Read(name).find(text) != std::string::npos; });
+    }
+    fptest::TempDir dir{"fp-demo-test"};
 };
 
-// Network row, address row, type 192.168.001.020, commit.
-const char kEditAddress[] = "DOWN ENTER DOWN ENTER 1 9 2 1 6 8 0 0 1 0 2 0 ENTER";
-
-TEST_F(DemoTest, EditedAddressReachesTheEngineAndSurvivesARestart) {
-    const std::string db = dir + "/settings.db";
-    std::string out;
-    ASSERT_EQ(Demo({"--db", db, "--keys", kEditAddress, "--print-var", "net.ipAddress"}, out), 0)
-        << out;
-    EXPECT_NE(out.find("== end [Network]"), std::string::npos) << out;
-    EXPECT_NE(out.find(">192.168.1.20 "), std::string::npos) << out;
-    EXPECT_NE(out.find("net.ipAddress=192.168.1.20\n"), std::string::npos) << out;
-
-    ASSERT_EQ(Demo({"--db", db, "--print-var", "net.ipAddress"}, out), 0) << out;
-    EXPECT_NE(out.find("net.ipAddress=192.168.1.20\n"), std::string::npos) << out;
+// An edit made on the panel is in the engine when the program ends, and a
+// restarted program shows it again from the file.
+TEST_F(DemoTest, EditsReachTheEngineAndSurviveARestart) {
+    const struct {
+        const char* keys;  // from the main menu, ending on the network screen
+        const char* shown;
+        const char* var;
+        const char* value;
+        const char* shownAfterRestart;
+    } cases[] = {
+        // Address row, type 192.168.001.020, commit.
+        {"DOWN ENTER DOWN ENTER 1 9 2 1 6 8 0 0 1 0 2 0 ENTER", ">192.168.1.20 ", "net.ipAddress",
+         "192.168.1.20", " 192.168.1.20 "},
+        // A choice stores its key, not its text.
+        {"DOWN ENTER ENTER UP ENTER", ">DHCP:On ", "net.dhcp", "1", ">DHCP:On "},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.var);
+        const std::string db = dir.At(std::string(c.var) + ".db");
+        const std::string printed = std::string(c.var) + "=" + c.value + "\n";
+        std::string out;
+        ASSERT_EQ(Demo({"--db", db, "--keys", c.keys, "--print-var", c.var}, out), 0) << out;
+        EXPECT_THAT(out, HasSubstr("== end [Network]"));
+        EXPECT_THAT(out, HasSubstr(c.shown));
+        EXPECT_THAT(out, HasSubstr(printed));
+        ASSERT_EQ(Demo({"--db", db, "--keys", "DOWN ENTER", "--print-var", c.var}, out), 0) << out;
+        EXPECT_THAT(out, HasSubstr(c.shownAfterRestart));
+        EXPECT_THAT(out, HasSubstr(printed));
+    }
 
     // Nothing kept without a file; bad scripts are refused before anything runs.
-    ASSERT_EQ(Demo({"--db", ":memory:", "--print-var", "net.ipAddress"}, out), 0) << out;
-    EXPECT_NE(out.find("net.ipAddress=192.168.1.10\n"), std::string::npos) << out;
-    EXPECT_EQ(Demo({"--keys", "DOWN SIDEWAYS"}, out), 2);
-    EXPECT_NE(out.find("unknown key 'SIDEWAYS'"), std::string::npos) << out;
-    EXPECT_EQ(Demo({"--keys", "WAIT soon"}, out), 2);
-}
-
-TEST_F(DemoTest, DhcpChoiceStoresItsKeyAndComesBackAfterARestart) {
-    const std::string db = dir + "/settings.db";
     std::string out;
-    ASSERT_EQ(
-        Demo({"--db", db, "--keys", "DOWN ENTER ENTER UP ENTER", "--print-var", "net.dhcp"}, out),
-        0)
-        << out;
-    EXPECT_NE(out.find(">DHCP:On "), std::string::npos) << out;
-    EXPECT_NE(out.find("net.dhcp=1\n"), std::string::npos) << out;
-    ASSERT_EQ(Demo({"--db", db, "--keys", "DOWN ENTER"}, out), 0) << out;
-    EXPECT_NE(out.find(">DHCP:On "), std::string::npos) << out;
+    ASSERT_EQ(Demo({"--db", ":memory:", "--print-var", "net.ipAddress"}, out), 0) << out;
+    EXPECT_THAT(out, HasSubstr("net.ipAddress=192.168.1.10\n"));
+    EXPECT_EQ(Demo({"--keys", "DOWN SIDEWAYS"}, out), 2);
+    EXPECT_THAT(out, HasSubstr("unknown key 'SIDEWAYS'"));
+    EXPECT_EQ(Demo({"--keys", "WAIT soon"}, out), 2);
 }
 
 // Date & Time, month to February, day to 31, commit: the engine refuses it
@@ -139,29 +104,27 @@ TEST_F(DemoTest, ANoSuchDateIsRefusedOnThePanel) {
     ASSERT_EQ(
         Demo({"--db", ":memory:", "--keys", keys + " ENTER", "--print-var", "clock.date"}, out), 0)
         << out;
-    EXPECT_NE(out.find("Not saved"), std::string::npos) << out;
-    EXPECT_NE(out.find("no such date"), std::string::npos) << out;
-    EXPECT_EQ(out.find("clock.date=" + std::to_string(today.tm_year + 1900) + "/02/31"),
-              std::string::npos)
-        << out;
+    EXPECT_THAT(out, HasSubstr("Not saved"));
+    EXPECT_THAT(out, HasSubstr("no such date"));
+    EXPECT_THAT(out,
+                Not(HasSubstr("clock.date=" + std::to_string(today.tm_year + 1900) + "/02/31")));
 }
 
 TEST_F(DemoTest, WizardRefusesAGatewayOutsideTheSubnet) {
     // Wizard, walk host, address and netmask, type gateway 010.000.000.001, apply.
+    const char* keys =
+        "DOWN DOWN DOWN DOWN ENTER ENTER ENTER ENTER ENTER 0 1 0 0 0 0 0 0 0 0 0 1 ENTER";
     std::string out;
-    ASSERT_EQ(
-        Demo({"--db", ":memory:", "--keys",
-              "DOWN DOWN DOWN DOWN ENTER ENTER ENTER ENTER ENTER 0 1 0 0 0 0 0 0 0 0 0 1 ENTER",
-              "--print-var", "net.gateway", "--print-var", "net.hostName"},
-             out),
-        0)
+    ASSERT_EQ(Demo({"--db", ":memory:", "--keys", keys, "--print-var", "net.gateway", "--print-var",
+                    "net.hostName"},
+                   out),
+              0)
         << out;
-    EXPECT_NE(out.find("== end [Wizard]"), std::string::npos) << out;
-    EXPECT_NE(out.find(">192.168.1.1 "), std::string::npos) << out;  // rows reloaded
-    EXPECT_NE(out.find("net.gateway=192.168.1.1\n"), std::string::npos) << out;
-    EXPECT_NE(out.find("net.hostName=fp-demo\n"), std::string::npos) << out;
-    EXPECT_NE(Slurp(dir + "/demo.log").find("Invalid Input: gateway 10.0.0.1 is outside"),
-              std::string::npos);
+    EXPECT_THAT(out, HasSubstr("== end [Wizard]"));
+    EXPECT_THAT(out, HasSubstr(">192.168.1.1 "));  // rows reloaded
+    EXPECT_THAT(out, HasSubstr("net.gateway=192.168.1.1\n"));
+    EXPECT_THAT(out, HasSubstr("net.hostName=fp-demo\n"));
+    EXPECT_THAT(dir.Read("demo.log"), HasSubstr("Invalid Input: gateway 10.0.0.1 is outside"));
 }
 
 // One panel picture from --trace: the key, the screen, the rows, and whether
@@ -289,55 +252,39 @@ TEST_F(DemoTest, EveryValueAndEditCursorFitsThePanel) {
 }
 
 TEST_F(DemoTest, ReconnectsWhenAnExternalPanelComesBack) {
-    const std::string address = "unix:" + dir + "/panel.sock";
-    const std::vector<std::string> panelArgs{FP_PANEL_EXE, "--headless", "--dump-on-change",
-                                             "--ascii",    "--listen",   address};
-    std::unique_ptr<Child> panel(new Child(panelArgs, dir + "/panel1"));
-    ASSERT_TRUE(WaitFor([&] { return access((dir + "/panel.sock").c_str(), F_OK) == 0; }));
-    Child demo({FP_DEMO_EXE, "--log", dir + "/demo.log", "--db", ":memory:", "--panel", address,
-                "--keys", "WAIT 8000 DOWN"},
-               dir + "/demo");
-    ASSERT_TRUE(WaitFor([&] {
-        return Slurp(dir + "/panel1").find("Main Menu") != std::string::npos;
-    })) << Slurp(dir + "/panel1");
+    std::unique_ptr<Child> panel = Panel("panel1");
+    Child demo({FP_DEMO_EXE, "--log", dir.At("demo.log"), "--db", ":memory:", "--panel",
+                PanelAddress(), "--keys", "WAIT 8000 DOWN"},
+               dir.At("demo"));
+    ASSERT_TRUE(Shows("panel1", "Main Menu")) << dir.Read("panel1");
 
     panel->Signal(SIGTERM);
     EXPECT_EQ(panel->Wait(), 0);
-    ASSERT_TRUE(
-        WaitFor([&] { return Slurp(dir + "/demo").find("link lost") != std::string::npos; }));
-    panel.reset(new Child(panelArgs, dir + "/panel2"));
-    ASSERT_TRUE(WaitFor([&] {
-        return Slurp(dir + "/demo").find("link restored") != std::string::npos;
-    })) << Slurp(dir + "/demo");
+    ASSERT_TRUE(Shows("demo", "link lost"));
+    panel = Panel("panel2");
+    ASSERT_TRUE(Shows("demo", "link restored")) << dir.Read("demo");
     // The new panel gets the whole screen, without a key pressed.
-    EXPECT_TRUE(WaitFor([&] {
-        return Slurp(dir + "/panel2").find("Main Menu") != std::string::npos;
-    })) << Slurp(dir + "/panel2");
-    EXPECT_EQ(demo.Wait(), 0) << Slurp(dir + "/demo");
+    EXPECT_TRUE(Shows("panel2", "Main Menu")) << dir.Read("panel2");
+    EXPECT_EQ(demo.Wait(), 0) << dir.Read("demo");
 }
 
 // The README prints the program whole; it is the one built here, and it runs.
 TEST_F(DemoTest, ReadmeUnitIsPrintedWholeAndDrivesAPanel) {
-    const std::string source = Slurp(std::string(FP_SOURCE_DIR) + "/examples/readme-unit/main.cpp");
+    const std::string source =
+        fptest::ReadFile(std::string(FP_SOURCE_DIR) + "/examples/readme-unit/main.cpp");
     ASSERT_FALSE(source.empty());
-    EXPECT_NE(std::string::npos,
-              Slurp(std::string(FP_SOURCE_DIR) + "/README.md").find("```cpp\n" + source + "```"));
+    EXPECT_THAT(fptest::ReadFile(std::string(FP_SOURCE_DIR) + "/README.md"),
+                HasSubstr("```cpp\n" + source + "```"));
 
-    const std::string address = "unix:" + dir + "/panel.sock";
-    Child panel({FP_PANEL_EXE, "--headless", "--dump-on-change", "--ascii", "--listen", address},
-                dir + "/panel");
-    ASSERT_TRUE(WaitFor([&] { return access((dir + "/panel.sock").c_str(), F_OK) == 0; }));
-    Child unit({FP_README_UNIT_EXE, address}, dir + "/unit");
-    ASSERT_TRUE(WaitFor([&] {
-        return Slurp(dir + "/panel").find("Brightness:5") != std::string::npos;
-    })) << Slurp(dir + "/panel");
+    std::unique_ptr<Child> panel = Panel("panel");
+    Child unit({FP_README_UNIT_EXE, PanelAddress()}, dir.At("unit"));
+    ASSERT_TRUE(Shows("panel", "Brightness:5")) << dir.Read("panel");
     unit.Signal(SIGTERM);
     EXPECT_EQ(0, unit.Wait());
-    EXPECT_NE(std::string::npos, Slurp(dir + "/unit").find("panel up"));
+    EXPECT_THAT(dir.Read("unit"), HasSubstr("panel up"));
 
-    Child bad({FP_README_UNIT_EXE, "tcp:127.0.0.1"}, dir + "/bad");
-    EXPECT_EQ(1, bad.Wait());
-    EXPECT_NE(std::string::npos, Slurp(dir + "/bad").find("malformed address"));
+    EXPECT_EQ(1, Child({FP_README_UNIT_EXE, "tcp:127.0.0.1"}, dir.At("bad")).Wait());
+    EXPECT_THAT(dir.Read("bad"), HasSubstr("malformed address"));
 }
 
 TEST_F(DemoTest, DrawsThePanelInARealTerminalAndQuitsOnCtrlQ) {
@@ -348,21 +295,22 @@ TEST_F(DemoTest, DrawsThePanelInARealTerminalAndQuitsOnCtrlQ) {
         return std::system(("tmux -L " + session + " " + args + " >/dev/null 2>&1").c_str());
     };
     auto screen = [&] {
-        std::system(("tmux -L " + session + " capture-pane -p -t " + session + " > " + dir +
-                     "/pane 2>/dev/null")
+        std::system(("tmux -L " + session + " capture-pane -p -t " + session + " > " +
+                     dir.At("pane") + " 2>/dev/null")
                         .c_str());
-        return Slurp(dir + "/pane");
+        return dir.Read("pane");
+    };
+    auto shows = [&](const char* text) {
+        return WaitFor([&] { return screen().find(text) != std::string::npos; });
     };
     ASSERT_EQ(
         tmux("new-session -d -x 120 -y 40 -s " + session + " '" + fptest::EmulatorCommandPrefix() +
-             FP_DEMO_EXE + " --db :memory: --log " + dir + "/demo.log'"),
+             FP_DEMO_EXE + " --db :memory: --log " + dir.At("demo.log") + "'"),
         0);
-    EXPECT_TRUE(WaitFor([&] { return screen().find("Main Menu") != std::string::npos; }))
-        << screen();
+    EXPECT_TRUE(shows("Main Menu")) << screen();
     tmux("send-keys -t " + session + " Down Enter");
-    EXPECT_TRUE(WaitFor([&] { return screen().find("DHCP:Off") != std::string::npos; }))
-        << screen();
-    EXPECT_EQ(screen().find("fpcontrol"), std::string::npos);  // no log on the screen
+    EXPECT_TRUE(shows("DHCP:Off")) << screen();
+    EXPECT_THAT(screen(), Not(HasSubstr("fpcontrol")));  // no log on the screen
     tmux("send-keys -t " + session + " C-q");
     EXPECT_TRUE(WaitFor([&] { return tmux("has-session -t " + session) != 0; }, 10));
     tmux("kill-server");

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
@@ -14,6 +12,7 @@
 #include "examples/demo/DemoVars.h"
 #include "kt/ListenSocket.h"
 #include "sim/PanelSim.h"
+#include "tests/support/TempDir.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 #include "tov/Validator.h"
@@ -32,10 +31,9 @@ using Clock = std::chrono::steady_clock;
 TEST(Soak, KeyStormEngineWritesAndLinkDrops) {
     const char* env = std::getenv("FP_SOAK_SECONDS");
     const int seconds = env ? std::atoi(env) : 6;
-    const std::string dir = "/tmp/fp-soak-" + std::to_string(getpid());
-    ASSERT_EQ(std::system(("mkdir -p " + dir).c_str()), 0);
-    const std::string db = dir + "/settings.db";
-    const std::string address = "unix:" + dir + "/panel.sock";
+    const fptest::TempDir dir("fp-soak");
+    const std::string db = dir.At("settings.db");
+    const std::string address = "unix:" + dir.At("panel.sock");
 
     long acknowledged = 0;
     {
@@ -118,7 +116,6 @@ TEST(Soak, KeyStormEngineWritesAndLinkDrops) {
     ASSERT_TRUE(reopened.Open(db).Success());
     EXPECT_EQ(reopened.Read("soak.counter", TOV::COid("0")).Val().GetValue(),
               std::to_string(acknowledged));
-    std::system(("rm -rf " + dir).c_str());
 }
 
 }  // namespace

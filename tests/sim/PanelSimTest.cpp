@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
 #include <memory>
-#include <thread>
 #include <vector>
 
 #include "sim/PanelSim.h"
 #include "tests/fp/link/LinkPeer.h"
+#include "tests/support/Waiting.h"
 
 using FPSIM::PanelSim;
 using fptest::Bytes;
@@ -187,13 +186,9 @@ TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
     EXPECT_EQ(stream, (Bytes{0x09, 'K', 4, 2, 0x7E}));
 
     link_.peer.Close();
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     // The observer hears of the loss after the state shows it: wait for both.
-    while ((sim_->Snapshot().linkUp || !(seen & PanelSim::CHANGE_LINK)) &&
-           std::chrono::steady_clock::now() < deadline)
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    EXPECT_FALSE(sim_->Snapshot().linkUp);
-    EXPECT_TRUE(seen & PanelSim::CHANGE_LINK);
+    EXPECT_TRUE(fptest::WaitFor(
+        [&] { return !sim_->Snapshot().linkUp && (seen & PanelSim::CHANGE_LINK) != 0; }));
     EXPECT_TRUE(seen & PanelSim::CHANGE_REPORT);
     EXPECT_FALSE(sim_->KeyDown(1));
 }

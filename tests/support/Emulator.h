@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <string>
 #include <vector>
 
@@ -14,9 +12,5 @@ std::vector<std::string> EmulatorPrefix();
 
 // The same as one string for a shell command line (ends with a space when set).
 std::string EmulatorCommandPrefix();
-
-// Starts argv (behind the emulator prefix) with the given descriptors as its
-// stdin, stdout and stderr (-1 keeps the test's own) and returns its pid.
-pid_t Spawn(const std::vector<std::string>& argv, int in, int out, int err);
 
 }  // namespace fptest

@@ -1,15 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "fp/client/FpClient.h"
 #include "fp/screens/BaseStatusScreen.h"
 #include "testing/ScreenTest.h"
+#include "tests/support/TempDir.h"
 #include "tov/Oid.h"
 
 namespace {
@@ -99,9 +98,7 @@ TEST_F(ScreenHarnessTest, FailuresCarryThePanelAsShown) {
     std::string error;
     const std::string svg = ::testing::TempDir() + "harness-panel.svg";
     ASSERT_TRUE(harness.SavePicture(svg, error)) << error;
-    std::stringstream picture;
-    picture << std::ifstream(svg).rdbuf();
-    EXPECT_THAT(picture.str(), testing::HasSubstr(">Echo:0</text>"));
+    EXPECT_THAT(fptest::ReadFile(svg), testing::HasSubstr(">Echo:0</text>"));
     EXPECT_FALSE(harness.SavePicture(svg + ".gif", error));
 }
 

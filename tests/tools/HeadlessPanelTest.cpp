@@ -1,22 +1,20 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <fstream>
 #include <functional>
-#include <sstream>
+#include <memory>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "kt/StreamSocket.h"
-#include "tests/support/Emulator.h"
+#include "tests/support/Child.h"
+#include "tests/support/TempDir.h"
+#include "tests/support/Waiting.h"
 
 // Runs the real fp-panel program headless, as a script would, and plays the
 // unit over its Unix socket with hand-written frames.
@@ -34,24 +32,18 @@ const Bytes kSlotQuery = {0x09, 'A', 0x7E};
 
 class HeadlessPanelTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        dir_ = "/tmp/fp-panel-test-" + std::to_string(getpid());
-        ::mkdir(dir_.c_str(), 0700);
-        path_ = dir_ + "/panel.sock";
-    }
-    void TearDown() override {
-        for (int fd : {toPanel_, fromPanel_, errPanel_})
-            if (fd >= 0)
-                ::close(fd);
-        if (pid_ > 0) {
-            ::kill(pid_, SIGTERM);
-            ::waitpid(pid_, nullptr, 0);
+    void TearDown() override { ClosePipes(); }
+    void ClosePipes() {
+        for (int* fd : {&toPanel_, &fromPanel_, &errPanel_}) {
+            if (*fd >= 0)
+                ::close(*fd);
+            *fd = -1;
         }
-        std::system(("rm -rf " + dir_).c_str());
     }
 
     // Starts fp-panel on a 8x2 display; input from a pipe unless args name a script.
     void Start(std::vector<std::string> args) {
+        ClosePipes();
         int in[2], out[2], err[2];
         // Close-on-exec, so the panel holds only the ends it reads and writes.
         ASSERT_EQ(::pipe2(in, O_CLOEXEC), 0);
@@ -60,8 +52,7 @@ protected:
         std::vector<std::string> words = {FP_PANEL_EXE, "--headless", "--size",   "8x2",
                                           "--slot",     "7",          "--listen", "unix:" + path_};
         words.insert(words.end(), args.begin(), args.end());
-        pid_ = fptest::Spawn(words, in[0], out[1], err[1]);
-        ASSERT_GE(pid_, 0);
+        panel_.reset(new fptest::Child(words, in[0], out[1], err[1]));
         ::close(in[0]);
         ::close(out[1]);
         ::close(err[1]);
@@ -69,13 +60,6 @@ protected:
         fromPanel_ = out[0];
         errPanel_ = err[0];
     }
-    std::string Script(const std::string& text) {
-        const std::string file = dir_ + "/script";
-        std::ofstream(file) << text;
-        return file;
-    }
-    // Reads fd into `into`, at most `max` bytes in all, until `done` holds; false
-    // at the end of input or after 10 s of silence.
     static bool ReadUntil(int fd, std::string& into, size_t max,
                           const std::function<bool()>& done) {
         char chunk[512];
@@ -96,21 +80,13 @@ protected:
         toPanel_ = -1;
         ReadUntil(fromPanel_, out, SIZE_MAX, [] { return false; });
         ReadUntil(errPanel_, err, SIZE_MAX, [] { return false; });
-        ::close(fromPanel_);
-        ::close(errPanel_);
-        fromPanel_ = errPanel_ = -1;
-        int status = -1;
-        if (::waitpid(pid_, &status, 0) != pid_)
-            return -1;
-        pid_ = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        ClosePipes();
+        return panel_->Wait();
     }
 
     // Connects as the unit; the panel greets every connection with its start-up frame.
     void Connect(KT::CStreamSocket& unit) {
-        for (int i = 0; i < 200 && !unit.Open("unix:" + path_); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(25));
-        ASSERT_TRUE(unit.IsOpen());
+        ASSERT_TRUE(fptest::WaitFor([&] { return unit.Open("unix:" + path_); }));
         EXPECT_EQ(Read(unit, 3), (Bytes{0x09, 'i', 0x7E}));
     }
     Bytes Read(KT::CStreamSocket& unit, size_t n) {
@@ -134,8 +110,9 @@ protected:
         return dump;
     }
 
-    std::string dir_, path_;
-    pid_t pid_ = -1;
+    fptest::TempDir dir_{"fp-panel-test"};
+    const std::string path_ = dir_.At("panel.sock");
+    std::unique_ptr<fptest::Child> panel_;
     int toPanel_ = -1, fromPanel_ = -1, errPanel_ = -1;
     std::string buffered_;
 };
@@ -178,12 +155,14 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
 // A script waits for the unit, checks the screen, holds a key for as long as
 // it says, and sees the answer to a key only once the unit has drawn it.
 TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
-    const std::string snap = dir_ + "/panel.txt";
+    const std::string snap = dir_.At("panel.txt");
     Start({"--script",
-           Script("sync\nexpect 1 |Hi      |  ##\nexpect-screen\n+--------+\n|Hi      |  ##......\n"
-                  "|  \xE2\x9C\x93~\nsnapshot " +
-                  snap + "\nsnapshot " + snap +
-                  ".svg\ndown ENTER\nwait 300\nup ENTER\nsync\nexpect 2 Done\ndump\n"),
+           dir_.Write(
+               "script",
+               "sync\nexpect 1 |Hi      |  ##\nexpect-screen\n+--------+\n|Hi      |  ##......\n"
+               "|  \xE2\x9C\x93~\nsnapshot " +
+                   snap + "\nsnapshot " + snap +
+                   ".svg\ndown ENTER\nwait 300\nup ENTER\nsync\nexpect 2 Done\ndump\n"),
            "--sync-ms", "300"});
     KT::CStreamSocket unit;
     Connect(unit);
@@ -202,17 +181,14 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
     std::string out, err;
     EXPECT_EQ(Finish(out, err), 0) << err;
     EXPECT_NE(out.find("|Done    |"), std::string::npos) << out;
-    std::ostringstream saved;
-    saved << std::ifstream(snap).rdbuf();
-    EXPECT_EQ(saved.str(),
+    EXPECT_EQ(fptest::ReadFile(snap),
               "+--------+\n|Hi      |  ##......\n|  \xE2\x9C\x93~    |\n+--------+\nLEDs: 4 on\n"
               "status: -  brightness: 5  fan: -\n");
     // The picture of the same moment: "Hi" in reverse, the tick drawn as dots.
-    std::ostringstream svg;
-    svg << std::ifstream(snap + ".svg").rdbuf();
-    EXPECT_NE(svg.str().find("fill=\"#1f3f9f\">Hi</text>"), std::string::npos) << svg.str();
-    EXPECT_NE(svg.str().find(">~</text>"), std::string::npos) << svg.str();
-    EXPECT_NE(svg.str().find("brightness 5"), std::string::npos) << svg.str();
+    const std::string svg = fptest::ReadFile(snap + ".svg");
+    EXPECT_NE(svg.find("fill=\"#1f3f9f\">Hi</text>"), std::string::npos) << svg;
+    EXPECT_NE(svg.find(">~</text>"), std::string::npos) << svg;
+    EXPECT_NE(svg.find("brightness 5"), std::string::npos) << svg;
 }
 
 TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {
@@ -231,7 +207,8 @@ TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {
         {"sync 50\n", false, "line 1: sync: the unit did not settle within 400 ms"},
     };
     for (const auto& c : cases) {
-        Start({"--script", Script(c.script), "--sync-ms", "100", "--sync-timeout-ms", "400"});
+        Start({"--script", dir_.Write("script", c.script), "--sync-ms", "100", "--sync-timeout-ms",
+               "400"});
         KT::CStreamSocket unit;
         if (c.unit) {
             Connect(unit);
@@ -244,7 +221,7 @@ TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {
         EXPECT_EQ(out, "") << "nothing runs after a failure";
     }
     // "quit" ends a script early, and well.
-    Start({"--script", Script("quit\nbogus\n")});
+    Start({"--script", dir_.Write("script", "quit\nbogus\n")});
     std::string out, err;
     EXPECT_EQ(Finish(out, err), 0) << err;
 }

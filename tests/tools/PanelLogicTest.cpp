@@ -20,52 +20,52 @@ using namespace FPPANEL;
 
 namespace {
 
-PanelOptions::Result_e Parse(std::vector<const char*> args, PanelOptions_t& out,
-                             std::string& error) {
+struct Parsed {
+    PanelOptions::Result_e result;
+    PanelOptions_t options;
+    std::string error;
+};
+
+Parsed Parse(std::vector<const char*> args) {
     args.insert(args.begin(), "fp-panel");
-    return PanelOptions::Parse(int(args.size()), args.data(), out, error);
+    Parsed p;
+    p.result = PanelOptions::Parse(int(args.size()), args.data(), p.options, p.error);
+    return p;
 }
 
 }  // namespace
 
 // Listen, slot, script and sync options are driven end to end by the headless tests.
 TEST(PanelOptionsTest, FullCommandLine) {
-    PanelOptions_t o;
-    std::string error;
-    ASSERT_EQ(Parse({"--size=256x1", "--voltage", "11.5", "--display-type", "3", "--panel-version",
-                     "fw 2", "--dump-on-change", "--record=r.txt", "--baud", "9600"},
-                    o, error),
-              PanelOptions::PARSE_OK)
-        << error;
-    EXPECT_EQ(o.width, 256u);
-    EXPECT_EQ(o.height, 1u);
-    EXPECT_FLOAT_EQ(o.voltage, 11.5f);
-    EXPECT_EQ(o.displayType, 3);
-    EXPECT_EQ(o.version, "fw 2");
-    EXPECT_TRUE(o.dumpOnChange);
-    EXPECT_EQ(o.record, "r.txt");
-    EXPECT_EQ(o.baud, 9600u);
-    EXPECT_EQ(Parse({"--help"}, o, error), PanelOptions::PARSE_HELP);
+    const Parsed p =
+        Parse({"--size=256x1", "--voltage", "11.5", "--display-type", "3", "--panel-version",
+               "fw 2", "--dump-on-change", "--record=r.txt", "--baud", "9600"});
+    ASSERT_EQ(p.result, PanelOptions::PARSE_OK) << p.error;
+    EXPECT_EQ(p.options.width, 256u);
+    EXPECT_EQ(p.options.height, 1u);
+    EXPECT_FLOAT_EQ(p.options.voltage, 11.5f);
+    EXPECT_EQ(p.options.displayType, 3);
+    EXPECT_EQ(p.options.version, "fw 2");
+    EXPECT_TRUE(p.options.dumpOnChange);
+    EXPECT_EQ(p.options.record, "r.txt");
+    EXPECT_EQ(p.options.baud, 9600u);
+    EXPECT_EQ(Parse({"--help"}).result, PanelOptions::PARSE_HELP);
 }
 
 TEST(PanelOptionsTest, RefusesBadInput) {
     for (const char* size : {"0x4", "257x4", "20x257", "20x", "x4", "-1x4", "20x4x2", " 20x4",
                              "+20x4", "99999999999999999999x4"}) {
-        PanelOptions_t o;
-        std::string error;
-        EXPECT_EQ(Parse({"--size", size}, o, error), PanelOptions::PARSE_ERROR) << size;
-        EXPECT_FALSE(error.empty());
-        EXPECT_EQ(o.width, 20u) << "a refused size must leave the default";
+        const Parsed p = Parse({"--size", size});
+        EXPECT_EQ(p.result, PanelOptions::PARSE_ERROR) << size;
+        EXPECT_FALSE(p.error.empty());
+        EXPECT_EQ(p.options.width, 20u) << "a refused size must leave the default";
     }
     const std::vector<std::vector<const char*>> bad = {
         {"--slot", "256"}, {"--slot", "1x"},   {"--voltage", "nan"}, {"--listen", "x:1"},
         {"--size"},        {"--sync-ms", "0"}, {"--baud", "0"},      {"--script", ""},
         {"--bogus"},       {"--headless=1"}};
-    for (const auto& args : bad) {
-        PanelOptions_t o;
-        std::string error;
-        EXPECT_EQ(Parse(args, o, error), PanelOptions::PARSE_ERROR) << args[0];
-    }
+    for (const auto& args : bad)
+        EXPECT_EQ(Parse(args).result, PanelOptions::PARSE_ERROR) << args[0];
 }
 
 TEST(KeyMapTest, CursesKeysToWireCodes) {

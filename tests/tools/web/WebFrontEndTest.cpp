@@ -3,20 +3,18 @@
 #include <civetweb.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
 #include <string>
 #include <vector>
 
 #include "fp/input/KeyTypes.h"
+#include "tests/fp/link/LinkPeer.h"
+#include "tests/support/Waiting.h"
 #include "tools/web/WebFrontEnd.h"
 
 // The web view through a real socket, with CivetWeb's own client as the browser.
 namespace {
 
-using Clock = std::chrono::steady_clock;
-const auto kWait = std::chrono::seconds(10);  // wide: sanitizer builds are slow
+const int kWaitMs = 10000;  // wide: sanitizer builds are slow
 
 // A panel that records the keys it is sent.
 class FakePanel : public FPPANEL::PanelView {
@@ -29,27 +27,22 @@ public:
     }
     FPPANEL::PanelInfo_t Info() const override { return FPPANEL::PanelInfo_t(); }
     uint64_t ChangeCount() const override { return 1; }
-    bool KeyDown(int key) override { return Record("down " + std::string(FP::KeyName(key))); }
-    bool KeyUp(int key) override { return Record("up " + std::string(FP::KeyName(key))); }
+    bool KeyDown(int key) override { return Record("down ", key); }
+    bool KeyUp(int key) override { return Record("up ", key); }
     void AdjustTemperature(int) override {}
     void AdjustFanSpeeds(int) override {}
 
-    // Waits until the panel has seen events, in this order.
+    // True once the panel has seen just these events, in this order.
     bool Saw(const std::vector<std::string>& want) {
-        std::unique_lock<std::mutex> lock(mutex_);
-        return changed_.wait_for(lock, kWait, [&] { return events_ == want; });
+        return events_.WaitFor(want.size(), kWaitMs) == want;
     }
 
 private:
-    bool Record(const std::string& e) {
-        std::lock_guard<std::mutex> lock(mutex_);
-        events_.push_back(e);
-        changed_.notify_all();
+    bool Record(const char* what, int key) {
+        events_.Add(what + std::string(FP::KeyName(key)));
         return true;
     }
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::vector<std::string> events_;
+    fptest::Collected<std::string> events_;
 };
 
 class Browser {
@@ -74,9 +67,8 @@ public:
     }
     // Waits for a message containing part.
     bool Got(const std::string& part) {
-        std::unique_lock<std::mutex> lock(mutex_);
-        return changed_.wait_for(lock, kWait, [&] {
-            for (const auto& m : messages_)
+        return fptest::WaitFor([&] {
+            for (const auto& m : messages_.WaitFor(0))
                 if (m.find(part) != std::string::npos)
                     return true;
             return false;
@@ -85,18 +77,13 @@ public:
 
 private:
     static int OnData(mg_connection*, int, char* data, size_t length, void* self) {
-        auto* b = static_cast<Browser*>(self);
-        std::lock_guard<std::mutex> lock(b->mutex_);
-        b->messages_.emplace_back(data, length);
-        b->changed_.notify_all();
+        static_cast<Browser*>(self)->messages_.Add(std::string(data, length));
         return 1;
     }
     static void OnClose(const mg_connection*, void*) {}
 
     mg_connection* conn_ = nullptr;
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::vector<std::string> messages_;
+    fptest::Collected<std::string> messages_;
 };
 
 struct Served {
@@ -108,19 +95,12 @@ struct Served {
         std::string error;
         EXPECT_TRUE(web->Start(error)) << error;
     }
+    bool ClientsBecome(unsigned n) {
+        return fptest::WaitFor([&] { return web->Clients() == n; });
+    }
     FakePanel panel;
     std::unique_ptr<FPWEB::WebFrontEnd> web;
 };
-
-bool ClientsBecome(FPWEB::WebFrontEnd& web, unsigned n) {
-    const auto end = Clock::now() + kWait;
-    while (web.Clients() != n)
-        if (Clock::now() > end)
-            return false;
-        else
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    return true;
-}
 
 }  // namespace
 
@@ -136,7 +116,7 @@ TEST(WebFrontEndTest, StateOutKeysInAndAHeldKeyGoesUpWhenTheBrowserLeaves) {
     EXPECT_TRUE(s.panel.Saw({"down DOWN"}));
     b.Close();
     EXPECT_TRUE(s.panel.Saw({"down DOWN", "up DOWN"}));
-    EXPECT_TRUE(ClientsBecome(*s.web, 0));
+    EXPECT_TRUE(s.ClientsBecome(0));
 }
 
 TEST(WebFrontEndTest, ViewersNeedTheTokenToPress) {
@@ -158,7 +138,7 @@ TEST(WebFrontEndTest, TooManyBrowsersAndForeignSitesAreTurnedAway) {
     Browser second(s.web->Port());
     EXPECT_FALSE(second.Connected());
     first.Close();
-    ASSERT_TRUE(ClientsBecome(*s.web, 0));
+    ASSERT_TRUE(s.ClientsBecome(0));
     Browser foreign(s.web->Port(), "http://evil.example");
     EXPECT_FALSE(foreign.Connected());
     Browser third(s.web->Port());
