@@ -4,8 +4,7 @@
 
 #include <ctime>
 
-#include "fp/lines/EngineDateLine.h"
-#include "fp/lines/EngineTimeLine.h"
+#include "fp/lines/EngineClockLines.h"
 
 namespace FPDEMO {
 
@@ -75,10 +74,10 @@ bool DeclareVars(TOV::CDataStore& store, std::string& error) {
         // The demo has no clock of its own to set: these start at the host's time.
         CVarDecl(Var::kDate)
             .Default(Now("%Y/%m/%d"))
-            .Check(CValidator::Custom(Accept(&FP::EngineDateLine::IsCalendarDate, "no such date"))),
+            .Check(CValidator::Custom(Accept(&FP::EngineDateLine::Accepts, "no such date"))),
         CVarDecl(Var::kTime)
             .Default(Now("%H:%M:%S"))
-            .Check(CValidator::Custom(Accept(&FP::EngineTimeLine::IsTimeOfDay, "no such time"))),
+            .Check(CValidator::Custom(Accept(&FP::EngineTimeLine::Accepts, "no such time"))),
     };
     for (const CVarDecl& decl : vars) {
         const TOV::CRet ret = store.Declare(decl);

@@ -59,6 +59,13 @@ public:
     void SetMonth(int month);
     void SetDay(int day);
     ///@}
+    /// A committed field by index (0 year, 1 month, 2 day), for code that treats the
+    /// fields alike; the named setters' range rule, and an index
+    /// outside 0 to 2 is ignored (read as 0).
+    ///@{
+    void SetField(int index, int value) { fields.SetCommitted(index, value); }
+    int GetField(int index) const { return fields.Committed(index); }
+    ///@}
     /// The working text.
     const std::string& GetEditString() const { return fields.TempString(); }
 

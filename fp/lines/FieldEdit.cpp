@@ -17,7 +17,7 @@ FieldEdit::FieldEdit(const Layout_t& l, int first, int second, int third)
 }
 
 void FieldEdit::SetCommitted(int field, int value) {
-    if (value >= layout.bottom[field] && value <= layout.top[field]) {
+    if (field >= 0 && field < 3 && value >= layout.bottom[field] && value <= layout.top[field]) {
         cur[field] = value;
     }
 }

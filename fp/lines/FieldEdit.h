@@ -30,9 +30,10 @@ public:
     /// No range check: the fields are taken as given.
     FieldEdit(const Layout_t& layout, int first, int second, int third);
 
-    /// A committed field.
-    int Committed(int field) const { return cur[field]; }
-    /// Out of range is ignored; the texts are not rebuilt.
+    /// A committed field; 0 for an index that names no field.
+    int Committed(int field) const { return field >= 0 && field < 3 ? cur[field] : 0; }
+    /// A value out of range, or an index that names no field, is ignored;
+    /// the texts are not rebuilt.
     void SetCommitted(int field, int value);
     /// Committed and working texts.
     ///@{

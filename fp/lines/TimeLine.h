@@ -60,6 +60,13 @@ public:
     void SetMinute(int minute);
     void SetSecond(int second);
     ///@}
+    /// A committed field by index (0 hour, 1 minute, 2 second), for code that treats the
+    /// fields alike; the named setters' range rule, and an index
+    /// outside 0 to 2 is ignored (read as 0).
+    ///@{
+    void SetField(int index, int value) { fields.SetCommitted(index, value); }
+    int GetField(int index) const { return fields.Committed(index); }
+    ///@}
     /// The working text.
     const std::string& GetEditString() const { return fields.TempString(); }
 

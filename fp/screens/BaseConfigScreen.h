@@ -5,9 +5,8 @@
 #include <vector>
 
 #include "fp/lines/ChoiceLine.h"
-#include "fp/lines/EngineDateLine.h"
+#include "fp/lines/EngineClockLines.h"
 #include "fp/lines/EngineNumberLine.h"
-#include "fp/lines/EngineTimeLine.h"
 #include "fp/lines/StringLine.h"
 #include "fp/screens/BaseEventScreen.h"
 #include "tov/Oid.h"

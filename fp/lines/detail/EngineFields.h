@@ -10,10 +10,9 @@ namespace FP {
 
 // What the engine-bound date and time rows share: the committed text is the
 // stored value, a commit writes it, and stored text the row cannot show is
-// drawn as "?" and logged once. Kind supplies Parse(text, fields) (false for
-// text it does not accept) and the line's three setters and getters in field
-// order (kSet, kGet).
-template <class Line, class Kind>
+// drawn as "?" and logged once. Parse splits a stored text into the line's
+// three fields and is false for text the row does not accept.
+template <class Line, bool (*Parse)(const std::string& text, int fields[3])>
 class EngineFields : public Line {
 public:
     static constexpr const char* kUnknown = "?";
@@ -29,15 +28,15 @@ public:
         return result;
     }
 
-    // Whether text is a value the row can show.
+    // Whether text is a value the row can show; also fits a variable's validator.
     static bool Accepts(const std::string& text) {
         int fields[3];
-        return Kind::Parse(text, fields);
+        return Parse(text, fields);
     }
 
     bool SetCurrentValue(const std::string& text) override {
         int fields[3] = {0, 0, 0};
-        if (Kind::Parse(text, fields) && SetFields(fields)) {
+        if (Parse(text, fields) && SetFields(fields)) {
             this->UpdateCurString();
             unshown_.Clear();
             return true;
@@ -71,10 +70,10 @@ private:
     // word, so a getter that reads back something else marks a refused field.
     bool SetFields(const int fields[3]) {
         for (int i = 0; i < 3; ++i) {
-            (this->*Kind::kSet[i])(fields[i]);
+            this->SetField(i, fields[i]);
         }
         for (int i = 0; i < 3; ++i) {
-            if ((this->*Kind::kGet[i])() != fields[i]) {
+            if (this->GetField(i) != fields[i]) {
                 return false;
             }
         }

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "fp/lines/ChoiceLine.h"
-#include "fp/lines/EngineDateLine.h"
+#include "fp/lines/EngineClockLines.h"
 #include "fp/lines/EngineNumberLine.h"
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
@@ -58,7 +58,7 @@ struct Unit {
         keep("app.steps", "25", CValidator::Integer(0, 500));
         keep("clock.date", "2026/01/31",
              CValidator::Custom(CValidator::Function([](const std::string& v) {
-                 return FP::EngineDateLine::IsCalendarDate(v) ? "" : "no such date";
+                 return FP::EngineDateLine::Accepts(v) ? "" : "no such date";
              })));
         store.Declare(TOV::CVarDecl("clock.time").Default("23:59:58").Persistent());
         store.Declare(TOV::CVarDecl("sys.volt").Default("125"));

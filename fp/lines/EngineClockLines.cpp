@@ -1,10 +1,10 @@
-#include "fp/lines/EngineDateLine.h"
+#include "fp/lines/EngineClockLines.h"
 
 #include "fp/lines/internal/FixedFields.h"
 
 namespace FP {
 
-bool EngineDateFormat::Parse(const std::string& text, int fields[3]) {
+bool ReadCalendarDate(const std::string& text, int fields[3]) {
     static const int kWidths[3] = {4, 2, 2};
     if (!FixedFields::Read(text, '/', kWidths, fields))
         return false;
@@ -16,8 +16,10 @@ bool EngineDateFormat::Parse(const std::string& text, int fields[3]) {
     return day <= kDays[month - 1] + (month == 2 && leap ? 1 : 0);
 }
 
-bool EngineDateLine::IsCalendarDate(const std::string& text) {
-    return Accepts(text);
+bool ReadTimeOfDay(const std::string& text, int fields[3]) {
+    static const int kWidths[3] = {2, 2, 2};
+    return FixedFields::Read(text, ':', kWidths, fields) && fields[0] < 24 && fields[1] < 60 &&
+           fields[2] < 60;
 }
 
 }  // namespace FP
