@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
 #include "tov/DataStore.h"
 
@@ -77,31 +78,32 @@ protected:
 }  // namespace
 
 TEST_P(DataStoreTest, RefusedWritesChangeNothingAndSayWhy) {
+    // Bad values grouped by the reason the validator gives.
     struct Case {
         const char* name;
-        const char* inst;
-        const char* value;
-        const char* msg;
+        std::vector<const char*> values;
+        const char* why;
     } cases[] = {
-        {"nosuch", "0", "1", "Unknown variable nosuch"},
-        {"brightness", "7", "1", "Unknown instance '7' of brightness"},
-        {"brightness", "0", "11", "Invalid value '11' for brightness: out of range 0 to 10"},
-        {"brightness", "0", "3x", "Invalid value '3x' for brightness: not an integer"},
-        {"brightness", "0", " 3", "Invalid value ' 3' for brightness: not an integer"},
-        {"brightness", "0", "", "Invalid value '' for brightness: not an integer"},
-        {"gain", "0", "nan", "Invalid value 'nan' for gain: not a number"},
-        {"gain", "0", "0x1", "Invalid value '0x1' for gain: not a number"},
-        {"gain", "0", "2.5", "Invalid value '2.5' for gain: out of range 0 to 2"},
-        {"mode", "1", "off", "Invalid value 'off' for mode: not one of the allowed values"},
-        {"host", "0", "ab1", "Invalid value 'ab1' for host: does not match the required format"},
-        {"even", "0", "abc", "Invalid value 'abc' for even: odd length"},
+        {"brightness", {"11"}, "out of range 0 to 10"},
+        {"brightness", {"3x", " 3", ""}, "not an integer"},
+        {"gain", {"nan", "0x1"}, "not a number"},
+        {"gain", {"2.5"}, "out of range 0 to 2"},
+        {"mode", {"off"}, "not one of the allowed values"},
+        {"host", {"ab1"}, "does not match the required format"},
+        {"even", {"abc"}, "odd length"},
     };
+    EXPECT_EQ("Unknown variable nosuch", store.Write("t", "nosuch", COid("0"), "1").Msg());
+    EXPECT_EQ("Unknown instance '7' of brightness",
+              store.Write("t", "brightness", COid("7"), "1").Msg());
     for (const Case& c : cases) {
-        std::string before = Value(store, c.name, c.inst);
-        CRet r = store.Write("t", c.name, COid(c.inst), c.value);
-        EXPECT_FALSE(r.Success()) << c.name << "=" << c.value;
-        EXPECT_EQ(c.msg, r.Msg());
-        EXPECT_EQ(before, Value(store, c.name, c.inst));
+        for (const char* value : c.values) {
+            std::string before = Value(store, c.name);
+            CRet r = store.Write("t", c.name, COid("0"), value);
+            EXPECT_FALSE(r.Success()) << c.name << "=" << value;
+            EXPECT_EQ(std::string("Invalid value '") + value + "' for " + c.name + ": " + c.why,
+                      r.Msg());
+            EXPECT_EQ(before, Value(store, c.name));
+        }
     }
     EXPECT_TRUE(store.Write("t", "gain", COid(".0"), "1e-1").Success());
     EXPECT_EQ("1e-1", Value(store, "gain"));
