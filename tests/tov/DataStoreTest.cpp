@@ -5,27 +5,19 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <vector>
 
+#include "tests/tov/TempDir.h"
 #include "tov/DataStore.h"
 
 using namespace TOV;
 
 namespace {
 
-struct TempDir {
-    std::string path;
-    TempDir() {
-        char tmpl[] = "/tmp/tovtestXXXXXX";
-        path = mkdtemp(tmpl);
-    }
-    ~TempDir() { std::system(("rm -rf '" + path + "'").c_str()); }
-    std::string File(const char* name) const { return path + "/" + name; }
-};
+using tovtest::TempDir;
 
 std::string Slurp(const std::string& path) {
     std::ifstream in(path, std::ios::binary);

@@ -68,11 +68,8 @@ TEST(ListLine, KeysAgainstTheEngine) {
         SCOPED_TRACE(std::string(c.start) + " " + c.keys);
         Engine engine(c.start);
         FP::ListLine line(Eleven(), false);
-        line.SetClient(&engine.fp);
-        line.SetDbInfo("v", "0");
-        line.SetSendDbData(true);
         line.SetReadOnly(c.readOnly);
-        line.SetCurrentValue();
+        engine.Bind(line);
         EXPECT_EQ(Press(line, c.keys), c.editing);
         EXPECT_EQ(line.GetCurrentString(), c.shown);
         EXPECT_EQ(engine.Value(), c.stored);
@@ -82,9 +79,7 @@ TEST(ListLine, KeysAgainstTheEngine) {
 TEST(ListLine, UnknownEngineValueLeavesTheLineAlone) {
     Engine engine("3");
     FP::ListLine line(Cells{"a", "b", "c"}, false);
-    line.SetClient(&engine.fp);
-    line.SetDbInfo("v", "0");
-    line.RefreshData();
+    engine.Bind(line);
     EXPECT_EQ(line.GetCurrentString(), "c");
     engine.Set("99");
     line.RefreshData();

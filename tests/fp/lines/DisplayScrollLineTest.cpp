@@ -59,17 +59,14 @@ TEST(DisplayLine, BoundValueAppearsAtRefreshAndEnterTogglesUnlessReadOnly) {
     EXPECT_EQ(line.GetCurrentString(), "-42");
 }
 
-TEST(ScrollLine, StoresLongValuesCutAndCountsCharacters) {
+TEST(ScrollLine, CutsLongValuesAndDrawsShortTextWholeOverOldText) {
     FP::ScrollLine line(std::string(300, 'x'));
     EXPECT_EQ(line.GetCurrentString(), std::string(254, 'x'));
     line.SetCurrentValue(42);
-    EXPECT_EQ(line.GetCurrentNumber(), 2);
-}
+    EXPECT_EQ(line.GetCurrentNumber(), 2);  // counts characters
 
-TEST(ScrollLine, ShortTextIsDrawnWholeOverOldText) {
     fptest::TextDisplay display(20, 4);
     display.WriteLine("####################", 2, FP::LEFT_JUSTIFY, 0);
-    FP::ScrollLine line("short");
     line.SetDisplay(&display);
     line.SetSuffix("!");
     line.SetCurrentValue("short");

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <functional>
 #include <map>
 #include <memory>
@@ -15,6 +13,7 @@
 #include "fp/screens/FpClient.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ScreenText.h"
+#include "tests/tov/TempDir.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
@@ -95,20 +94,22 @@ struct Unit {
 // Every case runs in memory and on a SQLite file that outlives a restart.
 class BindingRowsTest : public ::testing::TestWithParam<bool> {
 protected:
-    void SetUp() override {
-        char tmpl[] = "/tmp/fpbindXXXXXX";
-        dir = mkdtemp(tmpl);
-        Restart();
-    }
-    void TearDown() override {
-        unit.reset();
-        std::system(("rm -rf '" + dir + "'").c_str());
-    }
+    void SetUp() override { Restart(); }
     void Restart() {
         unit.reset();
-        unit.reset(new Unit(GetParam() ? dir + "/unit.db" : ""));
+        unit.reset(new Unit(GetParam() ? dir.File("unit.db") : ""));
     }
-    std::string dir;
+    // Shows screen on the unit's panel and returns what the panel shows.
+    template <class S>
+    std::string Shown(S& screen) {
+        unit->Show(screen);
+        return ScreenText(unit->display);
+    }
+    // What a restart shows: the stored text from a file, the defaults otherwise.
+    std::string AfterRestart(const char* stored, const char* defaults) {
+        return GetParam() ? stored : defaults;
+    }
+    tovtest::TempDir dir;
     std::unique_ptr<Unit> unit;
 };
 
@@ -123,19 +124,14 @@ void ChoiceRows(Config& s) {
 TEST_P(BindingRowsTest, ChoiceRowsStoreKeysAndShowThemAfterARestart) {
     {
         Config screen(ChoiceRows);
-        unit->Show(screen);
-        EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:Off\n Fan:Eco\n");
+        EXPECT_EQ(Shown(screen), "\n>DHCP:Off\n Fan:Eco\n");
         unit->Keys(screen, "E^EvE^E");
         EXPECT_EQ(unit->Var("net.dhcp"), "1");
         EXPECT_EQ(unit->Var("fan.mode"), "perf");
     }
     Restart();
     Config screen(ChoiceRows);
-    unit->Show(screen);
-    if (GetParam())
-        EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:On\n Fan:Perf\n");
-    else
-        EXPECT_EQ(ScreenText(unit->display), "\n>DHCP:Off\n Fan:Eco\n");
+    EXPECT_EQ(Shown(screen), AfterRestart("\n>DHCP:On\n Fan:Perf\n", "\n>DHCP:Off\n Fan:Eco\n"));
 }
 
 void NumberRows(Config& s) {
@@ -151,11 +147,8 @@ TEST_P(BindingRowsTest, NumberRowsWriteWhatTheyShowAndShowItAfterARestart) {
     const std::string edit = "E^>^>^E";
     {
         Config screen(NumberRows);
-        unit->Show(screen);
-        EXPECT_EQ(ScreenText(unit->display), "\n>Lim:02.5A\n Stp:02.5V\n");
-        unit->Keys(screen, edit);
-        unit->Keys(screen, "v");
-        unit->Keys(screen, edit);
+        EXPECT_EQ(Shown(screen), "\n>Lim:02.5A\n Stp:02.5V\n");
+        unit->Keys(screen, edit + "v" + edit);
         EXPECT_EQ(unit->Var("app.limit"), "13.6");
         EXPECT_EQ(unit->Var("app.steps"), "136");
         fptest::LogCapture log("fp.client");
@@ -165,9 +158,8 @@ TEST_P(BindingRowsTest, NumberRowsWriteWhatTheyShowAndShowItAfterARestart) {
     }
     Restart();
     Config screen(NumberRows);
-    unit->Show(screen);
-    EXPECT_EQ(ScreenText(unit->display),
-              GetParam() ? "\n>Lim:13.6A\n Stp:13.6V\n" : "\n>Lim:02.5A\n Stp:02.5V\n");
+    EXPECT_EQ(Shown(screen),
+              AfterRestart("\n>Lim:13.6A\n Stp:13.6V\n", "\n>Lim:02.5A\n Stp:02.5V\n"));
 }
 
 // A scale with no steps is said once, when the row is made; a stored text
@@ -180,9 +172,8 @@ TEST_P(BindingRowsTest, RowsShowPlaceholdersForWhatTheyCannotShowAndScaledValues
                            0);
         s.CreateNumberLine("L:", "app.free", "0", 0, 99, 0, "", FP::EngineNumberLine::STORE_TEXT);
     });
-    unit->Show(config);
-    config.DrawScreen();
-    EXPECT_EQ(ScreenText(unit->display), "\n>Z:?\n L:?\n");
+    EXPECT_EQ(Shown(config), "\n>Z:?\n L:?\n");
+    config.DrawScreen();  // a second draw says nothing new
     EXPECT_EQ(log.Count("CheckScale() No steps of scale 0", true), 1u);
     EXPECT_EQ(log.Count("SetCurrentValue() app.free/0 holds \"abc\", which is not a number"), 1u);
     unit->Keys(config, "E^E");
@@ -213,8 +204,7 @@ void ClockRows(Config& s) {
 TEST_P(BindingRowsTest, DateAndTimeRowsRefuseNoDayAndShowTheirValueAfterARestart) {
     {
         Config screen(ClockRows);
-        unit->Show(screen);
-        EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
+        EXPECT_EQ(Shown(screen), "\n>D:2026/01/31\n T:23:59:58\n");
         unit->Keys(screen, "E>^E");
         EXPECT_EQ(unit->Var("clock.date"), "2026/01/31");  // 31 February
         EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
@@ -226,9 +216,7 @@ TEST_P(BindingRowsTest, DateAndTimeRowsRefuseNoDayAndShowTheirValueAfterARestart
     fptest::LogCapture log("fp.lines");
     unit->store.Write("other", "clock.time", TOV::COid("0"), "25:00:00");
     Config screen(ClockRows);
-    unit->Show(screen);
-    EXPECT_EQ(ScreenText(unit->display),
-              GetParam() ? "\n>D:2026/02/28\n T:?\n" : "\n>D:2026/01/31\n T:?\n");
+    EXPECT_EQ(Shown(screen), AfterRestart("\n>D:2026/02/28\n T:?\n", "\n>D:2026/01/31\n T:?\n"));
     EXPECT_EQ(log.Count("SetCurrentValue() clock.time/0 holds \"25:00:00\"", true), 1u);
 }
 

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "fp/client/FpClient.h"
 #include "tests/support/LogCapture.h"
+#include "tests/tov/TempDir.h"
 
 using namespace TOV;
 
@@ -26,10 +25,8 @@ struct Sink : IManagedEventSink {
 class FpClientTest : public ::testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
-        char tmpl[] = "/tmp/fpclientXXXXXX";
-        dir = mkdtemp(tmpl);
         if (GetParam()) {
-            ASSERT_TRUE(store.Open(dir + "/unit.db").Success());
+            ASSERT_TRUE(store.Open(dir.File("unit.db")).Success());
         }
         ASSERT_TRUE(store
                         .Declare(CVarDecl("contrast")
@@ -40,11 +37,8 @@ protected:
                         .Success());
         fp.Attach();
     }
-    void TearDown() override {
-        fp.Detach();
-        std::system(("rm -rf '" + dir + "'").c_str());
-    }
-    std::string dir;
+    void TearDown() override { fp.Detach(); }
+    tovtest::TempDir dir;
     CDataStore store;
     CTovClient client{store, CTovClient::DELIVER_QUEUED};
     FP::FpClient fp{&client};
