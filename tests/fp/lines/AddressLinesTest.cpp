@@ -81,10 +81,7 @@ TEST(MacLineTest, HexStepsAndCursorSkipsColons) {
 TEST(AddressLinesTest, EngineRoundTrips) {
     struct Case {
         bool mac;
-        const char* stored;
-        const char* loaded;
-        const char* keys;
-        const char* written;
+        const char *stored, *loaded, *keys, *written;
     } cases[] = {
         {false, "10.0.0.2", "10.0.0.2", "=+~", "10.0.0.2"},
         {false, "10.0.0.2", "10.0.0.2", "=+=-", "110.0.0.2"},  // '-' only changes the view
