@@ -126,33 +126,23 @@ TEST_P(DataStoreTest, TransactionsApplyAllOrNothing) {
 TEST_P(DataStoreTest, VariableSetsResolveLongestNameFirst) {
     CRet r = store.Query(Request({"brightness0", "port12", "port1", "mode", "gain0"}));
     ASSERT_TRUE(r.Success()) << r.Msg();
-    const CParam& v = r.Val();
-    ASSERT_EQ(5u, v.Length());
-    EXPECT_EQ("brightness", v.GetKey(0));
-    EXPECT_EQ("5", v["brightness"]["0"].GetValue());
-    // "port12" could be port/"12" or port1/"2": the longer name wins.
-    EXPECT_EQ("q", v["port1"]["2"].GetValue());
-    EXPECT_EQ(1u, v["port1"].Length());
-    // "port1" splits into port/"1" before it is read as the bare name port1.
-    EXPECT_EQ("p", v["port"]["1"].GetValue());
-    EXPECT_EQ(1u, v["port"].Length());
-    // A bare name answers every instance, in declaration order.
-    EXPECT_EQ("1", v["mode"].GetKey(1));
-    EXPECT_EQ("auto", v["mode"]["1"].GetValue());
+    // "port12" could be port/"12" or port1/"2": the longer name wins. "port1"
+    // splits into port/"1" before it is read as the bare name port1. A bare
+    // name answers every instance, in declaration order.
+    EXPECT_EQ(r.Val().ToString(""),
+              "brightness:\n  0: 5\nport1:\n  2: q\nport:\n  1: p\nmode:\n  0: auto\n  1: "
+              "auto\ngain:\n  0: 1.5");
 
     CRet partial = store.Query(Request({"gain0", "nosuch0", "brightness9"}));
     EXPECT_FALSE(partial.Success());
     EXPECT_EQ("Unknown variables: nosuch0, brightness9", partial.Msg());
-    EXPECT_EQ("1.5", partial.Val()["gain"]["0"].GetValue());
+    EXPECT_EQ(partial.Val().ToString(""), "gain:\n  0: 1.5");
 
     ASSERT_TRUE(store.Write("t", "mode", COid("1"), "manual").Success());
-    CParam manual = store.QueryByValue(Request({"mode", "brightness0"}), "manual").Val();
-    ASSERT_EQ(1u, manual.Length());
-    EXPECT_EQ("1", manual["mode"].GetKey(0));
-
-    CParam net = store.Groups(Request({"net"}), COid(".0"), false).Val();
-    EXPECT_EQ(1u, net.Length());
-    EXPECT_EQ("10.0.0.1", net["net.ip"]["0"].GetValue());
+    EXPECT_EQ(store.QueryByValue(Request({"mode", "brightness0"}), "manual").Val().ToString(""),
+              "mode:\n  1: manual");
+    EXPECT_EQ(store.Groups(Request({"net"}), COid(".0"), false).Val().ToString(""),
+              "net.ip:\n  0: 10.0.0.1");
     EXPECT_EQ(2u, store.Groups(Request({"net"}), COid("*"), true).Val().Length());
 }
 

@@ -151,12 +151,12 @@ TEST(AddressLinesTest, EditedThroughTheMenu) {
     menu.AddLine(new FP::MacLine, "MAC:");
     menu.DrawScreen(FP::DRAW_FULL);
     for (FP::Key_e k : {FP::KEY_ENTER, FP::KEY_RIGHT, FP::KEY_UP, FP::KEY_9}) {
-        menu.KeyPress({k, FP::KEY_STATE_DOWN});
+        menu.KeyPress(fptest::Key(k));
     }
     EXPECT_EQ(display.Row(0), "       Network");
     EXPECT_EQ(display.Row(1), " IP:09[0].000.000.002");
     EXPECT_EQ(display.Row(2), " MAC:00:00:00:00:00:");
-    menu.KeyPress({FP::KEY_ENTER, FP::KEY_STATE_DOWN});
+    menu.KeyPress(fptest::Key(FP::KEY_ENTER));
     EXPECT_EQ(engine.Value(), "90.0.0.2");
     EXPECT_FALSE(menu.GetEditEnabled());
     delete menu.GetTitle();  // the menu does not own its title

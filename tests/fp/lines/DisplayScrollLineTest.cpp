@@ -4,15 +4,14 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
 namespace {
 
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
+using fptest::Key;
 
 const std::string kAlphabet = "abcdefghijklmnopqrstuvwxyz0123";  // 30 characters
 

@@ -7,6 +7,7 @@
 #include "fp/lines/IpLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/PanelHarness.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -14,9 +15,7 @@
 
 namespace {
 
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
+using fptest::Key;
 
 // A bound menu drawn on the emulated panel: what the user would see is the
 // emulator's grid after the frames crossed the socket, not the display model.

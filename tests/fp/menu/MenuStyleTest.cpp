@@ -5,6 +5,7 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -14,9 +15,7 @@ namespace {
 using FP::DisplayLine;
 using fptest::ScreenText;
 
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
+using fptest::Key;
 
 // A menu on a real display model, bound to the embedded data engine.
 class MenuTest : public ::testing::Test {

@@ -7,6 +7,7 @@
 #include "fp/lines/ListLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "fp/menu/WizardManager.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -51,8 +52,7 @@ protected:
     }
     void Press(std::initializer_list<FP::Key_e> keys) {
         for (FP::Key_e k : keys)
-            EXPECT_EQ(wizard.HandleKeyPress(FP::KeyState_t{k, FP::KEY_STATE_DOWN}, &display),
-                      FP::kNoScreen);
+            EXPECT_EQ(wizard.HandleKeyPress(fptest::Key(k), &display), FP::kNoScreen);
     }
     std::string Stored(const char* name) {
         return store.Read(name, TOV::COid("0")).Val().GetValue();

@@ -12,6 +12,7 @@
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -20,9 +21,7 @@ namespace {
 
 using fptest::ScreenText;
 
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
+using fptest::Key;
 
 class MainScreen : public FP::BaseNavScreen {
 public:
