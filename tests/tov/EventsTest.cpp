@@ -42,12 +42,9 @@ public:
 
 struct EventsTest : ::testing::Test {
     void SetUp() override {
-        ASSERT_TRUE(store
-                        .Declare(CVarDecl("level")
-                                     .Instances({"0", "1"})
-                                     .Default("0")
-                                     .Check(CValidator::Integer()))
-                        .Success());
+        CVarDecl level("level");
+        level.Instances({"0", "1"}).Default("0").Check(CValidator::Integer());
+        ASSERT_TRUE(store.Declare(level).Success());
     }
     CDataStore store;
 };

@@ -15,13 +15,7 @@ using Cells = std::vector<std::string>;
 
 namespace {
 
-std::vector<std::string> Eleven() {
-    std::vector<std::string> items;
-    for (int i = 1; i <= 11; ++i) {
-        items.push_back("t" + std::to_string(i));
-    }
-    return items;
-}
+const Cells kEleven{"t1", "t2", "t3", "t4", "t5", "t6", "t7", "t8", "t9", "t10", "t11"};
 
 struct GlyphLine : FP::SelectLine {
     void DrawCursor(int) override {}
@@ -31,7 +25,7 @@ struct GlyphLine : FP::SelectLine {
 }  // namespace
 
 TEST(ListLine, ItemsFollowKeyTextOrder) {
-    FP::ListLine eleven(Eleven(), false);
+    FP::ListLine eleven(kEleven, false);
     EXPECT_EQ(eleven.GetItemTexts(),
               (Cells{"t1", "t10", "t11", "t2", "t3", "t4", "t5", "t6", "t7", "t8", "t9"}));
 
@@ -67,7 +61,7 @@ TEST(ListLine, KeysAgainstTheEngine) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.start) + " " + c.keys);
         Engine engine(c.start);
-        FP::ListLine line(Eleven(), false);
+        FP::ListLine line(kEleven, false);
         line.SetReadOnly(c.readOnly);
         engine.Bind(line);
         EXPECT_EQ(Press(line, c.keys), c.editing);
@@ -127,9 +121,7 @@ TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
     const char* none[] = {"unused"};
     FP::ListLine empty(none, 1);
     empty.SetDisplay(&panel);
-    empty.SetClient(&engine.fp);
-    empty.SetDbInfo("v", "0");
-    empty.SetSendDbData(true);
+    engine.Bind(empty);
     EXPECT_EQ(panel.Draw(empty, 3), " -");
     EXPECT_TRUE(Press(empty, "="));
     EXPECT_EQ(panel.Draw(empty, 3), " [-]");
