@@ -96,11 +96,8 @@ TEST(AddressLinesTest, EngineRoundTrips) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.stored) + " " + c.keys);
         linetest::Engine engine(c.stored);
-        std::unique_ptr<FP::BaseLine> line;
-        if (c.mac)
-            line.reset(new FP::MacLine);
-        else
-            line.reset(new FP::IpLine);
+        std::unique_ptr<FP::BaseLine> line(c.mac ? static_cast<FP::BaseLine*>(new FP::MacLine)
+                                                 : new FP::IpLine);
         engine.Bind(*line);
         EXPECT_EQ(line->GetCurrentString(), c.loaded);
         EXPECT_FALSE(Press(*line, c.keys));
