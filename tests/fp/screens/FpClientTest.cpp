@@ -28,13 +28,9 @@ protected:
         if (GetParam()) {
             ASSERT_TRUE(store.Open(dir.File("unit.db")).Success());
         }
-        ASSERT_TRUE(store
-                        .Declare(CVarDecl("contrast")
-                                     .Instances({"0", "1"})
-                                     .Default("3")
-                                     .Check(CValidator::Integer(0, 9))
-                                     .Persistent())
-                        .Success());
+        CVarDecl contrast("contrast");
+        contrast.Instances({"0", "1"}).Default("3").Check(CValidator::Integer(0, 9)).Persistent();
+        ASSERT_TRUE(store.Declare(contrast).Success());
         fp.Attach();
     }
     void TearDown() override { fp.Detach(); }
