@@ -5,26 +5,19 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <vector>
 
+#include "tests/tov/TempDir.h"
 #include "tov/DataStore.h"
 
 using namespace TOV;
 
 namespace {
 
-struct TempDir {
-    std::string path;
-    TempDir() {
-        char tmpl[] = "/tmp/tovtestXXXXXX";
-        path = mkdtemp(tmpl);
-    }
-    ~TempDir() { std::system(("rm -rf '" + path + "'").c_str()); }
-    std::string File(const char* name) const { return path + "/" + name; }
-};
+using tovtest::TempDir;
 
 std::string Slurp(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -77,31 +70,32 @@ protected:
 }  // namespace
 
 TEST_P(DataStoreTest, RefusedWritesChangeNothingAndSayWhy) {
+    // Bad values grouped by the reason the validator gives.
     struct Case {
         const char* name;
-        const char* inst;
-        const char* value;
-        const char* msg;
+        std::vector<const char*> values;
+        const char* why;
     } cases[] = {
-        {"nosuch", "0", "1", "Unknown variable nosuch"},
-        {"brightness", "7", "1", "Unknown instance '7' of brightness"},
-        {"brightness", "0", "11", "Invalid value '11' for brightness: out of range 0 to 10"},
-        {"brightness", "0", "3x", "Invalid value '3x' for brightness: not an integer"},
-        {"brightness", "0", " 3", "Invalid value ' 3' for brightness: not an integer"},
-        {"brightness", "0", "", "Invalid value '' for brightness: not an integer"},
-        {"gain", "0", "nan", "Invalid value 'nan' for gain: not a number"},
-        {"gain", "0", "0x1", "Invalid value '0x1' for gain: not a number"},
-        {"gain", "0", "2.5", "Invalid value '2.5' for gain: out of range 0 to 2"},
-        {"mode", "1", "off", "Invalid value 'off' for mode: not one of the allowed values"},
-        {"host", "0", "ab1", "Invalid value 'ab1' for host: does not match the required format"},
-        {"even", "0", "abc", "Invalid value 'abc' for even: odd length"},
+        {"brightness", {"11"}, "out of range 0 to 10"},
+        {"brightness", {"3x", " 3", ""}, "not an integer"},
+        {"gain", {"nan", "0x1"}, "not a number"},
+        {"gain", {"2.5"}, "out of range 0 to 2"},
+        {"mode", {"off"}, "not one of the allowed values"},
+        {"host", {"ab1"}, "does not match the required format"},
+        {"even", {"abc"}, "odd length"},
     };
+    EXPECT_EQ("Unknown variable nosuch", store.Write("t", "nosuch", COid("0"), "1").Msg());
+    EXPECT_EQ("Unknown instance '7' of brightness",
+              store.Write("t", "brightness", COid("7"), "1").Msg());
     for (const Case& c : cases) {
-        std::string before = Value(store, c.name, c.inst);
-        CRet r = store.Write("t", c.name, COid(c.inst), c.value);
-        EXPECT_FALSE(r.Success()) << c.name << "=" << c.value;
-        EXPECT_EQ(c.msg, r.Msg());
-        EXPECT_EQ(before, Value(store, c.name, c.inst));
+        for (const char* value : c.values) {
+            std::string before = Value(store, c.name);
+            CRet r = store.Write("t", c.name, COid("0"), value);
+            EXPECT_FALSE(r.Success()) << c.name << "=" << value;
+            EXPECT_EQ(std::string("Invalid value '") + value + "' for " + c.name + ": " + c.why,
+                      r.Msg());
+            EXPECT_EQ(before, Value(store, c.name));
+        }
     }
     EXPECT_TRUE(store.Write("t", "gain", COid(".0"), "1e-1").Success());
     EXPECT_EQ("1e-1", Value(store, "gain"));
@@ -132,33 +126,23 @@ TEST_P(DataStoreTest, TransactionsApplyAllOrNothing) {
 TEST_P(DataStoreTest, VariableSetsResolveLongestNameFirst) {
     CRet r = store.Query(Request({"brightness0", "port12", "port1", "mode", "gain0"}));
     ASSERT_TRUE(r.Success()) << r.Msg();
-    const CParam& v = r.Val();
-    ASSERT_EQ(5u, v.Length());
-    EXPECT_EQ("brightness", v.GetKey(0));
-    EXPECT_EQ("5", v["brightness"]["0"].GetValue());
-    // "port12" could be port/"12" or port1/"2": the longer name wins.
-    EXPECT_EQ("q", v["port1"]["2"].GetValue());
-    EXPECT_EQ(1u, v["port1"].Length());
-    // "port1" splits into port/"1" before it is read as the bare name port1.
-    EXPECT_EQ("p", v["port"]["1"].GetValue());
-    EXPECT_EQ(1u, v["port"].Length());
-    // A bare name answers every instance, in declaration order.
-    EXPECT_EQ("1", v["mode"].GetKey(1));
-    EXPECT_EQ("auto", v["mode"]["1"].GetValue());
+    // "port12" could be port/"12" or port1/"2": the longer name wins. "port1"
+    // splits into port/"1" before it is read as the bare name port1. A bare
+    // name answers every instance, in declaration order.
+    EXPECT_EQ(r.Val().ToString(""),
+              "brightness:\n  0: 5\nport1:\n  2: q\nport:\n  1: p\nmode:\n  0: auto\n  1: "
+              "auto\ngain:\n  0: 1.5");
 
     CRet partial = store.Query(Request({"gain0", "nosuch0", "brightness9"}));
     EXPECT_FALSE(partial.Success());
     EXPECT_EQ("Unknown variables: nosuch0, brightness9", partial.Msg());
-    EXPECT_EQ("1.5", partial.Val()["gain"]["0"].GetValue());
+    EXPECT_EQ(partial.Val().ToString(""), "gain:\n  0: 1.5");
 
     ASSERT_TRUE(store.Write("t", "mode", COid("1"), "manual").Success());
-    CParam manual = store.QueryByValue(Request({"mode", "brightness0"}), "manual").Val();
-    ASSERT_EQ(1u, manual.Length());
-    EXPECT_EQ("1", manual["mode"].GetKey(0));
-
-    CParam net = store.Groups(Request({"net"}), COid(".0"), false).Val();
-    EXPECT_EQ(1u, net.Length());
-    EXPECT_EQ("10.0.0.1", net["net.ip"]["0"].GetValue());
+    EXPECT_EQ(store.QueryByValue(Request({"mode", "brightness0"}), "manual").Val().ToString(""),
+              "mode:\n  1: manual");
+    EXPECT_EQ(store.Groups(Request({"net"}), COid(".0"), false).Val().ToString(""),
+              "net.ip:\n  0: 10.0.0.1");
     EXPECT_EQ(2u, store.Groups(Request({"net"}), COid("*"), true).Val().Length());
 }
 

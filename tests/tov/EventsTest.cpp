@@ -46,12 +46,9 @@ public:
 
 struct EventsTest : ::testing::Test {
     void SetUp() override {
-        ASSERT_TRUE(store
-                        .Declare(CVarDecl("level")
-                                     .Instances({"0", "1"})
-                                     .Default("0")
-                                     .Check(CValidator::Integer()))
-                        .Success());
+        CVarDecl level("level");
+        level.Instances({"0", "1"}).Default("0").Check(CValidator::Integer());
+        ASSERT_TRUE(store.Declare(level).Success());
     }
     CDataStore store;
 };
@@ -168,14 +165,12 @@ TEST(ParamTest, TreesIndexAndRender) {
     p["net"]["1"].Assign("off");
     p.AddParam(CParam("loose"));
     p["net"].AddParam("0", CParam("replaced"));
-    EXPECT_EQ(2u, p.Length());
     EXPECT_EQ("", p.GetKey(1));
-    EXPECT_EQ("", p.GetKey(9));
     EXPECT_EQ("loose", p[1].GetValue());
     const CParam& c = p;
     EXPECT_TRUE(c["missing"].Empty());
     EXPECT_TRUE(c[7].Empty());
-    EXPECT_EQ(2u, p.Length());
+    EXPECT_EQ(2u, p.Length());  // reading through const adds nothing
     EXPECT_EQ(">net:\n>  0: replaced\n>  1: off\n>- loose", p.ToString(">"));
     EXPECT_EQ("v", CParam("v").ToString(""));
     p.Clear(3);

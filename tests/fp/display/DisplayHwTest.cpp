@@ -2,28 +2,9 @@
 
 #include "fp/display/DisplayHw.h"
 #include "fp/link/FpControl.h"
+#include "tests/fp/link/FakeAdapter.h"
 
 namespace {
-
-// Records each command frame as its operation byte followed by its payload.
-class RecordingAdapter : public FP::IFpAdapter {
-public:
-    void SetResponseHandler(unsigned char, Handler const&) override {}
-    bool SendCommand(unsigned char op, Payload const& payload) override {
-        frames.push_back(std::string(1, static_cast<char>(op)));
-        for (size_t i = 0; i < payload.Length(); ++i) {
-            frames.back() += static_cast<char>(payload[i]);
-        }
-        return true;
-    }
-    Payload SendRequest(unsigned char, Payload const&) override { return Payload(); }
-    Payload SendRequest(unsigned char, Payload const&, unsigned int) override { return Payload(); }
-
-    std::vector<std::string> Take() { return std::move(frames); }
-
-private:
-    std::vector<std::string> frames;
-};
 
 using Frames = std::vector<std::string>;
 
@@ -42,7 +23,7 @@ Frames Join(std::initializer_list<Frames> parts) {
 
 class DisplayHwTest : public ::testing::Test {
 protected:
-    RecordingAdapter adapter;
+    fptest::FakeAdapter adapter;
     FP::FpControl control{adapter};
     FP::DisplayHw hw{control, 20, 4};
     const Frames atConstruction = adapter.Take();

@@ -6,21 +6,15 @@
 using FP::TextAdjustment;
 using Lines = std::vector<std::string>;
 
-namespace {
-
-struct JustifyCase {
-    int width;
-    std::string text;
-    int offset;
-    int (TextAdjustment::*justify)(std::string&, int);
-    std::string expected;
-    int lead;
-};
-
-}  // namespace
-
 TEST(TextAdjustment, JustifiesPadsAndNeverCuts) {
-    const JustifyCase cases[] = {
+    const struct {
+        int width;
+        std::string text;
+        int offset;
+        int (TextAdjustment::*justify)(std::string&, int);
+        std::string expected;
+        int lead;
+    } cases[] = {
         {10, "abc", 0, &TextAdjustment::CenterLine, "   abc    ", 3},
         {10, "abc", 0, &TextAdjustment::RightJustifyLine, "       abc", 7},
         {10, "abc", 1, &TextAdjustment::LeftJustifyLine, " abc      ", 0},
@@ -33,7 +27,7 @@ TEST(TextAdjustment, JustifiesPadsAndNeverCuts) {
         {0, "ab", 0, &TextAdjustment::RightJustifyLine, "ab", 0},
         {1, "", 0, &TextAdjustment::RightJustifyLine, " ", 1},
     };
-    for (const JustifyCase& c : cases) {
+    for (const auto& c : cases) {
         TextAdjustment adjust(c.width);
         std::string s = c.text;
         EXPECT_EQ((adjust.*c.justify)(s, c.offset), c.lead) << c.text << " w" << c.width;
@@ -76,9 +70,7 @@ TEST(ReplaceUnknownChars, ReplacesShowableSequencesOnly) {
         std::string out;
     } cases[] = {
         {"", ""},
-        {"a\xC3\xA9"
-         "b",
-         "a-b"},
+        {std::string("a\xC3\xA9") + "b", "a-b"},
         {"\xE0\xA4\x85", "-"},
         {"x\x7Fy\x7F\xC3\xA9", "x-y\x7F\xC3\xA9"},  // stops at the first DEL
         {"\xE1\x80\x80", "\xE1\x80\x80"},

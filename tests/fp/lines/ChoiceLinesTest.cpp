@@ -15,13 +15,7 @@ using Cells = std::vector<std::string>;
 
 namespace {
 
-std::vector<std::string> Eleven() {
-    std::vector<std::string> items;
-    for (int i = 1; i <= 11; ++i) {
-        items.push_back("t" + std::to_string(i));
-    }
-    return items;
-}
+const Cells kEleven{"t1", "t2", "t3", "t4", "t5", "t6", "t7", "t8", "t9", "t10", "t11"};
 
 struct GlyphLine : FP::SelectLine {
     void DrawCursor(int) override {}
@@ -31,7 +25,7 @@ struct GlyphLine : FP::SelectLine {
 }  // namespace
 
 TEST(ListLine, ItemsFollowKeyTextOrder) {
-    FP::ListLine eleven(Eleven(), false);
+    FP::ListLine eleven(kEleven, false);
     EXPECT_EQ(eleven.GetItemTexts(),
               (Cells{"t1", "t10", "t11", "t2", "t3", "t4", "t5", "t6", "t7", "t8", "t9"}));
 
@@ -67,12 +61,9 @@ TEST(ListLine, KeysAgainstTheEngine) {
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.start) + " " + c.keys);
         Engine engine(c.start);
-        FP::ListLine line(Eleven(), false);
-        line.SetClient(&engine.fp);
-        line.SetDbInfo("v", "0");
-        line.SetSendDbData(true);
+        FP::ListLine line(kEleven, false);
         line.SetReadOnly(c.readOnly);
-        line.SetCurrentValue();
+        engine.Bind(line);
         EXPECT_EQ(Press(line, c.keys), c.editing);
         EXPECT_EQ(line.GetCurrentString(), c.shown);
         EXPECT_EQ(engine.Value(), c.stored);
@@ -82,9 +73,7 @@ TEST(ListLine, KeysAgainstTheEngine) {
 TEST(ListLine, UnknownEngineValueLeavesTheLineAlone) {
     Engine engine("3");
     FP::ListLine line(Cells{"a", "b", "c"}, false);
-    line.SetClient(&engine.fp);
-    line.SetDbInfo("v", "0");
-    line.RefreshData();
+    engine.Bind(line);
     EXPECT_EQ(line.GetCurrentString(), "c");
     engine.Set("99");
     line.RefreshData();
@@ -132,9 +121,7 @@ TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
     const char* none[] = {"unused"};
     FP::ListLine empty(none, 1);
     empty.SetDisplay(&panel);
-    empty.SetClient(&engine.fp);
-    empty.SetDbInfo("v", "0");
-    empty.SetSendDbData(true);
+    engine.Bind(empty);
     EXPECT_EQ(panel.Draw(empty, 3), " -");
     EXPECT_TRUE(Press(empty, "="));
     EXPECT_EQ(panel.Draw(empty, 3), " [-]");

@@ -4,15 +4,14 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
 namespace {
 
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
+using fptest::Key;
 
 const std::string kAlphabet = "abcdefghijklmnopqrstuvwxyz0123";  // 30 characters
 
@@ -59,17 +58,14 @@ TEST(DisplayLine, BoundValueAppearsAtRefreshAndEnterTogglesUnlessReadOnly) {
     EXPECT_EQ(line.GetCurrentString(), "-42");
 }
 
-TEST(ScrollLine, StoresLongValuesCutAndCountsCharacters) {
+TEST(ScrollLine, CutsLongValuesAndDrawsShortTextWholeOverOldText) {
     FP::ScrollLine line(std::string(300, 'x'));
     EXPECT_EQ(line.GetCurrentString(), std::string(254, 'x'));
     line.SetCurrentValue(42);
-    EXPECT_EQ(line.GetCurrentNumber(), 2);
-}
+    EXPECT_EQ(line.GetCurrentNumber(), 2);  // counts characters
 
-TEST(ScrollLine, ShortTextIsDrawnWholeOverOldText) {
     fptest::TextDisplay display(20, 4);
     display.WriteLine("####################", 2, FP::LEFT_JUSTIFY, 0);
-    FP::ScrollLine line("short");
     line.SetDisplay(&display);
     line.SetSuffix("!");
     line.SetCurrentValue("short");

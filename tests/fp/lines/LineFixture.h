@@ -6,6 +6,7 @@
 
 #include "fp/menu/BaseLine.h"
 #include "fp/screens/FpClient.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -26,7 +27,7 @@ inline bool Press(FP::BaseLine& line, const std::string& keys) {
                    : c >= 'a' && c <= 'z'   ? FP::KEY_a + (c - 'a')
                    : c >= 'A' && c <= 'Z'   ? FP::KEY_A + (c - 'A')
                                             : FP::KEY_NONE;
-        editing = line.KeyPress({static_cast<FP::Key_e>(code), FP::KEY_STATE_DOWN});
+        editing = line.KeyPress(fptest::Key(static_cast<FP::Key_e>(code)));
     }
     return editing;
 }

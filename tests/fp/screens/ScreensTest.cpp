@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <condition_variable>
 #include <initializer_list>
 #include <map>
-#include <mutex>
 #include <thread>
 
 #include "fp/client/FpClient.h"
@@ -12,17 +9,16 @@
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
+#include "tests/fp/link/LinkPeer.h"
+#include "tests/fp/menu/Keys.h"
 #include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
 namespace {
 
+using fptest::Key;
 using fptest::ScreenText;
-
-FP::KeyState_t Key(FP::Key_e k) {
-    return FP::KeyState_t{k, FP::KEY_STATE_DOWN};
-}
 
 class MainScreen : public FP::BaseNavScreen {
 public:
@@ -34,30 +30,17 @@ public:
     int created = 0;
 };
 
-// Counts the redraws that engine events cause: the delivery thread bumps,
-// the test thread waits (bounded) and reads.
+// Records the engine events that reach a screen: the delivery thread adds, the
+// test thread waits (bounded) and reads.
 template <class Screen>
 class Counted : public Screen {
 public:
-    using Screen::Screen;
     void HandleEvent(const std::string& n, const TOV::COid& o, const std::string& u,
                      const std::string& v, const TOV::CParam& p) override {
         Screen::HandleEvent(n, o, u, v, p);
-        std::lock_guard<std::mutex> lock(m);
-        ++events;
-        cv.notify_all();
+        events.Add(n);
     }
-    bool WaitEvents(int n) {
-        std::unique_lock<std::mutex> lock(m);
-        return cv.wait_for(lock, std::chrono::seconds(10), [&] { return events >= n; });
-    }
-    int Events() {
-        std::lock_guard<std::mutex> lock(m);
-        return events;
-    }
-    std::mutex m;
-    std::condition_variable cv;
-    int events = 0;
+    fptest::Collected<std::string> events;
 };
 
 // Status rows for temp/fan; extra rows only to cross the "more rows" mark.
@@ -125,9 +108,6 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
     std::map<std::string, FP::BaseScreen*> screens{{"Main", &main}, {"Stat", &stat}};
     Wire(main, "Main");
     Wire(stat, "Stat");
-    EXPECT_TRUE(main.GetPoll());
-    EXPECT_EQ(main.GetPollTime(), 2000);
-    EXPECT_EQ(stat.GetPollTime(), 100);
 
     FP::BaseScreen* current = &main;
     auto press = [&](FP::Key_e k) {
@@ -190,14 +170,14 @@ TEST_F(ScreensTest, BoundScreensRedrawOnEachReadInstanceUntilLeft) {
         s->Initialize();
     }
     ASSERT_TRUE(writeAll("13"));
-    ASSERT_TRUE(stat.WaitEvents(3));
-    ASSERT_TRUE(conf.WaitEvents(3));
+    ASSERT_EQ(stat.events.WaitFor(3).size(), 3u);
+    ASSERT_EQ(conf.events.WaitFor(3).size(), 3u);
     EXPECT_EQ(ScreenText(display), "\n A:13\n B:13\n Temp:13");
     stat.DeInitialize();
     conf.DeInitialize();
     ASSERT_TRUE(writeAll("12"));
-    EXPECT_EQ(stat.Events(), 3);
-    EXPECT_EQ(conf.Events(), 3);
+    EXPECT_EQ(stat.events.WaitFor(0).size(), 3u);
+    EXPECT_EQ(conf.events.WaitFor(0).size(), 3u);
 }
 
 }  // namespace
