@@ -20,8 +20,8 @@
 #include "fp/link/FpControl.h"
 #include "sim/FrameDecoder.h"
 #include "sim/FrameEncoder.h"
+#include "testing/LogCapture.h"
 #include "tests/fp/link/LinkPeer.h"
-#include "tests/support/LogCapture.h"
 
 using FP::FpControl;
 using fptest::Bytes;
@@ -151,7 +151,7 @@ std::string Str(T v) {
 
 struct ProtocolDocTest : ::testing::Test {
     fptest::LinkPeer link;
-    fptest::LogCapture log{"fpcontrol"};
+    FP::Testing::LogCapture log{"fpcontrol"};
     FP::FpAdapter adapter{link.ours};
     FpControl control{adapter};
     FP::DisplayHw display{control, 20, 4};

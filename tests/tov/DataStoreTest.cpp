@@ -10,14 +10,14 @@
 #include <string>
 #include <vector>
 
-#include "tests/tov/TempDir.h"
+#include "tests/support/TempDir.h"
 #include "tov/DataStore.h"
 
 using namespace TOV;
 
 namespace {
 
-using tovtest::TempDir;
+using fptest::TempDir;
 
 std::string Slurp(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -59,7 +59,7 @@ class DataStoreTest : public ::testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
         if (GetParam()) {
-            ASSERT_TRUE(store.Open(dir.File("unit.db")).Success());
+            ASSERT_TRUE(store.Open(dir.At("unit.db")).Success());
         }
         DeclareUnit(store);
     }
@@ -150,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(MemoryAndFile, DataStoreTest, ::testing::Bool());
 
 TEST(DataStoreFileTest, PersistentValuesSurviveReopening) {
     TempDir dir;
-    const std::string file = dir.File("unit.db");
+    const std::string file = dir.At("unit.db");
     {
         CDataStore s;
         ASSERT_TRUE(s.Open(file).Success());
@@ -172,13 +172,13 @@ TEST(DataStoreFileTest, PersistentValuesSurviveReopening) {
 
 TEST(DataStoreFileTest, CorruptForeignAndUnreadableFilesAreRefusedUntouched) {
     TempDir dir;
-    const std::string garbage = dir.File("garbage.db");
+    const std::string garbage = dir.At("garbage.db");
     {
         std::ofstream out(garbage, std::ios::binary);
         for (int i = 0; i < 4096; ++i)
             out.put(static_cast<char>(i * 7));
     }
-    const std::string foreign = dir.File("foreign.db");
+    const std::string foreign = dir.At("foreign.db");
     sqlite3* db = nullptr;
     ASSERT_EQ(SQLITE_OK, sqlite3_open(foreign.c_str(), &db));
     ASSERT_EQ(SQLITE_OK, sqlite3_exec(db, "CREATE TABLE t(x); INSERT INTO t VALUES(1);", nullptr,
@@ -195,14 +195,14 @@ TEST(DataStoreFileTest, CorruptForeignAndUnreadableFilesAreRefusedUntouched) {
         EXPECT_EQ(before, Slurp(path));
     }
     CDataStore s;
-    EXPECT_FALSE(s.Open(dir.File("missing/dir/unit.db")).Success());
+    EXPECT_FALSE(s.Open(dir.At("missing/dir/unit.db")).Success());
 }
 
 // A child writes a stream of values, reporting each acknowledged one through a
 // pipe, and is killed mid-stream; every reported value must be on disk.
 TEST(DataStoreFileTest, AcknowledgedWritesSurviveSigkill) {
     TempDir dir;
-    const std::string file = dir.File("crash.db");
+    const std::string file = dir.At("crash.db");
     std::vector<std::string> slots;
     for (int i = 0; i < 400; ++i)
         slots.push_back(std::to_string(i));

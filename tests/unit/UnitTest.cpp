@@ -16,7 +16,7 @@
 #include "kt/ListenSocket.h"
 #include "kt/StreamSocket.h"
 #include "sim/PanelSim.h"
-#include "tests/support/LogCapture.h"
+#include "testing/LogCapture.h"
 #include "tests/support/Waiting.h"
 #include "tov/DataStore.h"
 #include "tov/VarDecl.h"
@@ -257,7 +257,7 @@ TEST(UnitLog, GuardSumsUpAStrayByteStorm) {
     std::atomic<long> offsetMs{0};
     FP::LogGuard::Options options;
     options.now = [&] { return Clock::now() + std::chrono::milliseconds(offsetMs.load()); };
-    fptest::LogCapture root("");
+    FP::Testing::LogCapture root("");
     {
         FP::LogGuard guard("fpcontrol", options);
         KT::CStreamSocket unitEnd;

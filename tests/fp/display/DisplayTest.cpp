@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "fp/display/Display.h"
-#include "tests/support/ScreenText.h"
+#include "testing/RecordingDisplay.h"
 
 using Sent = std::vector<std::string>;
 
 TEST(Display, UpdateSendsWindowOnceThenOnlyReverseWords) {
-    fptest::TextDisplay d(4, 2);
+    FP::Testing::RecordingDisplay d(4, 2);
     EXPECT_EQ(d.TakeSends(), Sent{});
     d.SendUpdate();
     EXPECT_EQ(d.TakeSends(), Sent{"window [        ]"});
@@ -33,7 +33,7 @@ TEST(Display, UpdateSendsWindowOnceThenOnlyReverseWords) {
 }
 
 TEST(Display, SendLineKeepsReverseWordsOfOtherLines) {
-    fptest::TextDisplay d(4, 3);
+    FP::Testing::RecordingDisplay d(4, 3);
     d.WriteLine("hi", 1, FP::RIGHT_JUSTIFY, 0);
     d.WriteReverseWord("h", 1, 2);
     d.WriteReverseWord("z", 2, 0);
@@ -47,7 +47,7 @@ TEST(Display, SendLineKeepsReverseWordsOfOtherLines) {
 }
 
 TEST(Display, WritesStayInsideTheWindow) {
-    fptest::TextDisplay d(4, 2);
+    FP::Testing::RecordingDisplay d(4, 2);
     d.WriteWord("abcde", 0, 1);  // wraps onto line 1
     d.SetCursorPosition(1, 1);
     d.WriteChar('x', 7, 3);   // line out of range: written on the current line
@@ -61,7 +61,7 @@ TEST(Display, WritesStayInsideTheWindow) {
 }
 
 TEST(Display, WriteBlockCountsAllPiecesButWritesOnlyWhatFits) {
-    fptest::TextDisplay d(6, 4);
+    FP::Testing::RecordingDisplay d(6, 4);
     EXPECT_EQ(d.WriteBlock("aaa bbb ccc ddd eee", 1, FP::CENTER, 0, ' '), 5);
     d.SendUpdate();
     EXPECT_EQ(d.TakeSends(), Sent{"window [       aaa   bbb   ccc  ]"});
@@ -71,7 +71,7 @@ TEST(Display, WriteBlockCountsAllPiecesButWritesOnlyWhatFits) {
 }
 
 TEST(Display, WindowSwitchingAndNullWindow) {
-    fptest::TextDisplay d(3, 1);
+    FP::Testing::RecordingDisplay d(3, 1);
     d.SendUpdate();
     d.TakeSends();
     d.CreateDisplayWindow(5);
@@ -107,7 +107,7 @@ TEST(Display, WindowSwitchingAndNullWindow) {
 
 // Degenerate sizes must not touch memory outside the buffers (run under ASan).
 TEST(Display, DegenerateSizesStayInBounds) {
-    fptest::TextDisplay d(4, 1);
+    FP::Testing::RecordingDisplay d(4, 1);
     d.CreateDisplayWindow(1, 5, 0);
     d.CreateDisplayWindow(2, 2, 1);
     d.CreateDisplayWindow(3, 0, 0);

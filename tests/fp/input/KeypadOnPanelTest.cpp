@@ -6,8 +6,8 @@
 #include <typeinfo>
 #include <vector>
 
+#include "testing/LogCapture.h"
 #include "tests/fp/input/KeyListener.h"
-#include "tests/support/LogCapture.h"
 #include "tests/support/PanelHarness.h"
 
 namespace {
@@ -18,7 +18,7 @@ using std::chrono::milliseconds;
 // Hold repeats are timed on an injected clock in the keypad's own tests; here
 // the real watcher thread takes presses off the real link.
 TEST(KeypadOnPanel, PressesReportOnceInOrder) {
-    fptest::LogCapture log("fp.keypad");
+    FP::Testing::LogCapture log("fp.keypad");
     fptest::PanelHarness h;
     fptest::KeyListener listener;
     h.Keypad().SetCallback(&listener);

@@ -4,9 +4,9 @@
 
 #include "fp/input/Keypad.h"
 #include "fp/link/FpControl.h"
+#include "testing/LogCapture.h"
 #include "tests/fp/input/KeyListener.h"
 #include "tests/fp/link/FakeAdapter.h"
-#include "tests/support/LogCapture.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ protected:
     FP::FpControl control{adapter};
     FP::Keypad keypad{control, [this] { return now; }};
     fptest::KeyListener rec;
-    fptest::LogCapture log{"fp.keypad"};
+    FP::Testing::LogCapture log{"fp.keypad"};
 };
 
 TEST_F(KeypadTest, PressReportsOnceAndOddInputIsLogged) {

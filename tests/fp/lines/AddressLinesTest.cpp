@@ -111,7 +111,7 @@ TEST(AddressLinesTest, EngineRoundTrips) {
 }
 
 TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     FP::IpLine ip;
     linetest::Place(ip, display, "IP:");
     ip.SetCurrentValue("192.168.1.10");
@@ -136,7 +136,7 @@ TEST(AddressLinesTest, DrawnWithTheEditedDigitReversed) {
 
 TEST(AddressLinesTest, EditedThroughTheMenu) {
     linetest::Engine engine("10.0.0.2");
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     FP::MenuStyleBasic menu;
     menu.SetDisplay(&display);
     menu.SetClient(&engine.fp);

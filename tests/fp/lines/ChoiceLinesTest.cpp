@@ -104,7 +104,7 @@ TEST(ListLine, SkippedItems) {
 }
 
 TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
-    fptest::TextDisplay panel(16, 4);
+    FP::Testing::RecordingDisplay panel(16, 4);
     panel.WriteWord("################", 2, 0);
     FP::ListLine line(Cells{"Auto", "ABCDEFGHIJKLMNOPQRS"}, false);
     linetest::Place(line, panel, "Mode ");
@@ -131,7 +131,7 @@ TEST(ListLine, DrawsCaptionValueSuffixAndPadding) {
 }
 
 TEST(SelectLine, GlyphChoiceAndText) {
-    fptest::TextDisplay panel(8, 2);
+    FP::Testing::RecordingDisplay panel(8, 2);
     GlyphLine line;
     linetest::Place(line, panel, "G");
     EXPECT_EQ(line.GetCurrentString(), "0x0x85");
@@ -153,7 +153,7 @@ TEST(SelectLine, GlyphChoiceAndText) {
 }
 
 TEST(YesNoLine, LeftRightAndLayout) {
-    fptest::TextDisplay wide(16, 2);
+    FP::Testing::RecordingDisplay wide(16, 2);
     FP::YesNoLine line;
     line.SetDisplay(&wide);
     line.SetNumItems(2);
@@ -171,7 +171,7 @@ TEST(YesNoLine, LeftRightAndLayout) {
     EXPECT_TRUE(line.SetCurrentValue(5));
     EXPECT_EQ(line.GetSelectedIndex(), 0);
 
-    fptest::TextDisplay narrow(8, 1);
+    FP::Testing::RecordingDisplay narrow(8, 1);
     line.SetDisplay(&narrow);
     line.SetReadOnly(true);
     EXPECT_TRUE(Press(line, "<"));

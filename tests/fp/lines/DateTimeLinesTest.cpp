@@ -92,7 +92,7 @@ TEST(DateTimeLinesTest, CommitExitSettersAndReadOnly) {
 }
 
 TEST(DateTimeLinesTest, DrawnWithTheSelectedFieldReversed) {
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     Date date(2024, 6, 30);
     linetest::Place(date, display, "Date:");
     date.SetSuffix("x");  // never drawn

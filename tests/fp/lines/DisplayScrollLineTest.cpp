@@ -4,8 +4,8 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "testing/RecordingDisplay.h"
 #include "tests/fp/menu/Keys.h"
-#include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
@@ -64,20 +64,20 @@ TEST(ScrollLine, CutsLongValuesAndDrawsShortTextWholeOverOldText) {
     line.SetCurrentValue(42);
     EXPECT_EQ(line.GetCurrentNumber(), 2);  // counts characters
 
-    fptest::TextDisplay display(20, 4);
+    FP::Testing::RecordingDisplay display(20, 4);
     display.WriteLine("####################", 2, FP::LEFT_JUSTIFY, 0);
     line.SetDisplay(&display);
     line.SetSuffix("!");
     line.SetCurrentValue("short");
     EXPECT_EQ(line.GetHoverNavMask(), 2);
     line.DrawLine(2);
-    EXPECT_EQ(fptest::ScreenText(display), "\n\n short!\n");
+    EXPECT_EQ(display.Text(), "\n\n short!\n");
 }
 
 // Left and right reach the line through the menu without an edit; up
 // returns to the start.
 TEST(ScrollLine, ScrollsSidewaysInAMenu) {
-    fptest::TextDisplay display(20, 4);
+    FP::Testing::RecordingDisplay display(20, 4);
     FP::MenuStyleBasic menu;
     menu.SetDisplay(&display);
     menu.SetTitle("Info");
@@ -96,7 +96,7 @@ TEST(ScrollLine, ScrollsSidewaysInAMenu) {
     EXPECT_EQ(line->GetScrollPos(), 10u);  // 20 characters left: no further
     EXPECT_FALSE(menu.GetEditEnabled());
     menu.DrawScreen(FP::DRAW_FULL);
-    EXPECT_EQ(fptest::ScreenText(display),
+    EXPECT_EQ(display.Text(),
               "        Info\n"
               ">klmnopqrstuvwxyz012\n"
               " next\n");

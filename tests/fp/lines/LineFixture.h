@@ -6,8 +6,8 @@
 
 #include "fp/menu/BaseLine.h"
 #include "fp/screens/FpClient.h"
+#include "testing/RecordingDisplay.h"
 #include "tests/fp/menu/Keys.h"
-#include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 

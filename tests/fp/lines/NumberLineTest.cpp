@@ -114,7 +114,7 @@ TEST(NumberLine, NonNumbersFromTheEngineKeepTheValue) {
 }
 
 TEST(NumberLine, DrawsFieldSuffixAndEditCells) {
-    fptest::TextDisplay panel(16, 4);
+    FP::Testing::RecordingDisplay panel(16, 4);
     FP::NumberLine line(true, 0.1, 1, 1.0);
     line.SetMinMax(-99.9, 99.9);
     linetest::Place(line, panel, "T");

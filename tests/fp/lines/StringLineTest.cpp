@@ -105,7 +105,7 @@ TEST(StringLineTest, CommitWritesTheEngineAndExitDoesNot) {
 
 TEST(StringLineTest, RefusedWriteAndOverlongValueLeaveTheLineUsable) {
     linetest::Engine engine("abcdefghijklmnopqrstuvwxyz", TOV::CValidator::Pattern("[a-z]*"));
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     StringLine line;
     line.SetDisplay(&display);
     line.SetNumItems(8);
@@ -126,7 +126,7 @@ TEST(StringLineTest, RefusedWriteAndOverlongValueLeaveTheLineUsable) {
 }
 
 TEST(StringLineTest, DrawsCaptionTextSuffixAndCursorAndCutsTypingAtTheRowEnd) {
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     StringLine line;
     linetest::Place(line, display, "Name:");
     line.SetSuffix("<");

@@ -11,8 +11,8 @@
 #include <thread>
 
 #include "sim/FrameEncoder.h"
+#include "testing/LogCapture.h"
 #include "tests/fp/link/LinkPeer.h"
-#include "tests/support/LogCapture.h"
 
 using FP::FpAdapter;
 using fptest::Bytes;
@@ -40,7 +40,7 @@ Bytes LongFrame(size_t n) {
 // writes to it, so the parser can also be fed directly from the test thread.
 struct AdapterTest : ::testing::Test {
     fptest::LinkPeer link;
-    fptest::LogCapture log{"fpcontrol"};
+    FP::Testing::LogCapture log{"fpcontrol"};
     FpAdapter adapter{link.ours};
     std::vector<Frame> seen;  // frames handed to handlers on the test thread
 
@@ -219,7 +219,7 @@ TEST_F(AdapterTest, ConcurrentRequestsWithUnsolicitedTraffic) {
 
 TEST(AdapterLifetime, DestructionReturnsPromptlyWhileBlockedOrAfterTheLinkDied) {
     fptest::LinkPeer link;
-    fptest::LogCapture log{"fpcontrol"};
+    FP::Testing::LogCapture log{"fpcontrol"};
     auto start = std::chrono::steady_clock::now();
     { FpAdapter blocked(link.ours); }
     EXPECT_FALSE(log.Contains("Read failed. Pausing thread."));

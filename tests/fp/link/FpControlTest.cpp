@@ -8,8 +8,8 @@
 
 #include "fp/link/FpAdapter.h"
 #include "sim/FrameEncoder.h"
+#include "testing/LogCapture.h"
 #include "tests/fp/link/LinkPeer.h"
-#include "tests/support/LogCapture.h"
 
 using FP::FpControl;
 using fptest::Bytes;
@@ -19,7 +19,7 @@ namespace {
 // The real adapter on a socket pair; the test plays the controller.
 struct ControlTest : ::testing::Test {
     fptest::LinkPeer link;
-    fptest::LogCapture log{"fpcontrol"};
+    FP::Testing::LogCapture log{"fpcontrol"};
     FP::FpAdapter adapter{link.ours};
     FpControl control{adapter};
 

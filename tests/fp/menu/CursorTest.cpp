@@ -50,12 +50,15 @@ TEST(Cursor, Arithmetic) {
         {"previous wraps within a short list", 2, FP::CURSOR_MENU, "u", 1, 2, 0, false},
         {"shrinking below the selection resets it", 5, FP::CURSOR_MENU, "nnnnC2", 0, 1, 0, false},
         {"selected item stands as low as possible", 5, FP::CURSOR_MENU, "S4", 4, 3, 2, false},
-        {"top item near the end scrolls back one", 5, FP::CURSOR_PAGE, "S4dS3", 2, 3, 2, false},
+        {"selecting the top item near the end scrolls back one", 5, FP::CURSOR_PAGE, "S4dS3", 2, 3,
+         2, false},
         {"last position is the last but one", 5, FP::CURSOR_MENU, "L", 3, 3, 1, false},
         {"last position of two items is the first", 2, FP::CURSOR_MENU, "L", 0, 1, 0, false},
-        {"scroll type moves the top to the end", 5, FP::CURSOR_SCROLL, "ddd", 0, 1, 2, false},
+        {"scroll type moves the top until the end shows", 5, FP::CURSOR_SCROLL, "ddd", 0, 1, 2,
+         false},
         {"scroll type at the top stays", 5, FP::CURSOR_SCROLL, "u", 0, 1, 0, false},
-        {"page type up never asks for a redraw", 5, FP::CURSOR_PAGE, "du", 0, 1, 0, false},
+        {"page type up moves but never asks for a redraw", 5, FP::CURSOR_PAGE, "du", 0, 1, 0,
+         false},
         {"an empty list stays on item 0", 0, FP::CURSOR_MENU, "ud", 0, 1, 0, false},
     };
     for (const auto& tc : cases) {

@@ -5,8 +5,8 @@
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
+#include "testing/RecordingDisplay.h"
 #include "tests/fp/menu/Keys.h"
-#include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
@@ -14,7 +14,6 @@ namespace {
 
 using FP::DisplayLine;
 using fptest::Key;
-using fptest::ScreenText;
 
 // A menu on a real display model, bound to the embedded data engine.
 class MenuTest : public ::testing::Test {
@@ -45,17 +44,17 @@ protected:
     std::string Press(FP::Key_e k, int times = 1) {
         while (times-- > 0)
             EXPECT_EQ(menu.KeyPress(Key(k)), FP::kNoScreen);
-        return ScreenText(display);
+        return display.Text();
     }
     std::string Draw() {
         menu.DrawScreen(FP::DRAW_FULL);
-        return ScreenText(display);
+        return display.Text();
     }
 
     TOV::CDataStore store;
     TOV::CTovClient tov{store};
     FP::FpClient client{&tov};
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     FP::MenuStyleBasic menu;
 };
 
@@ -128,7 +127,7 @@ TEST_F(MenuTest, ChildMenusExitScreenAndEditMode) {
     EXPECT_TRUE(menu.GetEditEnabled());
     menu.DrawScreen(FP::DRAW_REFRESH);
     EXPECT_EQ(display.navMasks.back(), FP::NavSymbol::kExit);
-    EXPECT_EQ(ScreenText(display), "        Setup\n Net:eth0\n B:[b]\n");
+    EXPECT_EQ(display.Text(), "        Setup\n Net:eth0\n B:[b]\n");
     // Exit leaves the edit and stays on the screen.
     EXPECT_EQ(Press(FP::KEY_EXIT), "        Setup\n Net:eth0\n>B:b\n");
     EXPECT_FALSE(menu.GetEditEnabled());

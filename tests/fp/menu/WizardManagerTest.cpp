@@ -7,14 +7,13 @@
 #include "fp/lines/ListLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "fp/menu/WizardManager.h"
+#include "testing/RecordingDisplay.h"
 #include "tests/fp/menu/Keys.h"
-#include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
 namespace {
 
-using fptest::ScreenText;
 using Waits = std::vector<std::pair<unsigned int, std::string>>;
 
 // Two wizard rows a and b on the embedded engine; b refuses "Auto". The
@@ -37,7 +36,7 @@ protected:
             wizard.AddLine(line);
             lines.push_back(line);
         }
-        wizard.SetSleeper([this](unsigned int ms) { waits.push_back({ms, ScreenText(display)}); });
+        wizard.SetSleeper([this](unsigned int ms) { waits.push_back({ms, display.Text()}); });
         wizard.SetWizardDoneHandler([this] {
             ++applied;
             TOV::CTxn txn;
@@ -62,7 +61,7 @@ protected:
     TOV::CDataStore store;
     TOV::CTovClient client{store};
     FP::FpClient fpClient{&client};
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
     FP::MenuStyleBasic menu;
     FP::WizardManager wizard;
     std::vector<FP::ListLine*> lines;
@@ -92,7 +91,7 @@ TEST_F(WizardTest, RefusedApplyAndExitBothDiscard) {
                             {1500u, "\n\n   Invalid Input\n Changes Discarded"}}));
     EXPECT_EQ(Stored("w.a"), "Off");  // all or nothing
     // The entries stay on the rows until the engine's values replace them.
-    EXPECT_EQ(ScreenText(display), "       Wizard\n a:On\n>b:Auto\n");
+    EXPECT_EQ(display.Text(), "       Wizard\n a:On\n>b:Auto\n");
 
     waits.clear();
     Press({FP::KEY_ENTER, FP::KEY_UP, FP::KEY_EXIT});
@@ -100,7 +99,7 @@ TEST_F(WizardTest, RefusedApplyAndExitBothDiscard) {
     EXPECT_FALSE(menu.GetEditEnabled());
     EXPECT_FALSE(wizard.IsStarted());
     EXPECT_EQ(waits, (Waits{{1000u, "\n\nBack Button Pressed\n Changes Discarded"}}));
-    EXPECT_EQ(ScreenText(display), "       Wizard\n a:On\n>b:Off\n");
+    EXPECT_EQ(display.Text(), "       Wizard\n a:On\n>b:Off\n");
     EXPECT_EQ(Stored("w.b"), "Off");
 }
 

@@ -12,16 +12,14 @@
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
 #include "fp/screens/FpClient.h"
+#include "testing/LogCapture.h"
+#include "testing/RecordingDisplay.h"
 #include "tests/fp/menu/Keys.h"
-#include "tests/support/LogCapture.h"
-#include "tests/support/ScreenText.h"
-#include "tests/tov/TempDir.h"
+#include "tests/support/TempDir.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
 namespace {
-
-using fptest::ScreenText;
 
 // A configuration or status screen whose rows come from the test.
 template <class Base>
@@ -87,7 +85,7 @@ struct Unit {
     // while the test drives the screen. Each draw reads the engine anyway.
     TOV::CTovClient client{store, TOV::CTovClient::DELIVER_QUEUED};
     FP::FpClient fp{&client};
-    fptest::TextDisplay display{20, 4};
+    FP::Testing::RecordingDisplay display{20, 4};
 };
 
 // Every case runs in memory and on a SQLite file that outlives a restart.
@@ -96,13 +94,13 @@ protected:
     void SetUp() override { Restart(); }
     void Restart() {
         unit.reset();
-        unit.reset(new Unit(GetParam() ? dir.File("unit.db") : ""));
+        unit.reset(new Unit(GetParam() ? dir.At("unit.db") : ""));
     }
     // Shows screen on the unit's panel and returns what the panel shows.
     template <class S>
     std::string Shown(S& screen) {
         unit->Show(screen);
-        return ScreenText(unit->display);
+        return unit->display.Text();
     }
     // Shows a screen of rows on the unit and presses keys on it.
     void Edit(void (*rows)(Config&), const std::string& shown, const std::string& keys) {
@@ -117,7 +115,7 @@ protected:
         screen.reset(new Config(rows));
         EXPECT_EQ(Shown(*screen), GetParam() ? stored : defaults);
     }
-    tovtest::TempDir dir;
+    fptest::TempDir dir;
     std::unique_ptr<Unit> unit;
     std::unique_ptr<Config> screen;  // goes before the unit it draws from
 };
@@ -150,17 +148,17 @@ TEST_P(BindingRowsTest, NumberRowsWriteWhatTheyShowAndShowItAfterARestart) {
     Edit(NumberRows, "\n>Lim:02.5A\n Stp:02.5V\n", "E^>^>^EvE^>^>^E");
     EXPECT_EQ(unit->Var("app.limit"), "13.6");
     EXPECT_EQ(unit->Var("app.steps"), "136");
-    fptest::LogCapture log("fp.client");
+    FP::Testing::LogCapture log("fp.client");
     unit->Keys(*screen, "^E<<^^^^E");
     EXPECT_EQ(log.Count("SendDataWait() app.limit/0 refused \"53.6\"", true), 1u);
-    EXPECT_EQ(ScreenText(unit->display), "\n>Lim:13.6A\n Stp:13.6V\n");
+    EXPECT_EQ(unit->display.Text(), "\n>Lim:13.6A\n Stp:13.6V\n");
     ExpectAfterRestart(NumberRows, "\n>Lim:13.6A\n Stp:13.6V\n", "\n>Lim:02.5A\n Stp:02.5V\n");
 }
 
 // A scale with no steps is said once, when the row is made; a stored text
 // that is no number shows as a placeholder. Scaled status numbers round.
 TEST_P(BindingRowsTest, RowsShowPlaceholdersForWhatTheyCannotShowAndScaledValues) {
-    fptest::LogCapture log("fp.lines");
+    FP::Testing::LogCapture log("fp.lines");
     unit->store.Declare(TOV::CVarDecl("app.free").Default("abc"));
     Config config([](Config& s) {
         s.CreateNumberLine("Z:", "app.steps", "0", 0, 99, 0, "", FP::EngineNumberLine::STORE_STEPS,
@@ -184,11 +182,11 @@ TEST_P(BindingRowsTest, RowsShowPlaceholdersForWhatTheyCannotShowAndScaledValues
     });
     unit->Show(status);
     status.DrawScreen();
-    EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n Fan:?");
+    EXPECT_EQ(unit->display.Text(), "\n V:000000013\n W:000012.50\n Fan:?");
     EXPECT_EQ(log.Count("SetCurrentValue() fan.speed/0 holds \"fast\"", true), 1u);
     unit->store.Write("other", "fan.speed", TOV::COid("0"), "slow");
     status.DrawScreen();
-    EXPECT_EQ(ScreenText(unit->display), "\n V:000000013\n W:000012.50\n Fan:Slow");
+    EXPECT_EQ(unit->display.Text(), "\n V:000000013\n W:000012.50\n Fan:Slow");
 }
 
 void ClockRows(Config& s) {
@@ -199,7 +197,7 @@ void ClockRows(Config& s) {
 TEST_P(BindingRowsTest, DateAndTimeRowsRefuseNoDayAndShowTheirValueAfterARestart) {
     Edit(ClockRows, "\n>D:2026/01/31\n T:23:59:58\n", "E>^E");
     EXPECT_EQ(unit->Var("clock.date"), "2026/01/31");  // 31 February
-    EXPECT_EQ(ScreenText(unit->display), "\n>D:2026/01/31\n T:23:59:58\n");
+    EXPECT_EQ(unit->display.Text(), "\n>D:2026/01/31\n T:23:59:58\n");
     unit->Keys(*screen, "E^>vvvEvE^E");
     EXPECT_EQ(unit->Var("clock.date"), "2026/02/28");
     EXPECT_EQ(unit->Var("clock.time"), "00:59:58");
@@ -207,10 +205,10 @@ TEST_P(BindingRowsTest, DateAndTimeRowsRefuseNoDayAndShowTheirValueAfterARestart
                        "\n>D:2026/01/31\n T:23:59:58\n");
 
     // A stored time of day that is no time shows as a placeholder.
-    fptest::LogCapture log("fp.lines");
+    FP::Testing::LogCapture log("fp.lines");
     unit->store.Write("other", "clock.time", TOV::COid("0"), "25:00:00");
     screen->DrawScreen();
-    EXPECT_THAT(ScreenText(unit->display), ::testing::EndsWith("\n T:?\n"));
+    EXPECT_THAT(unit->display.Text(), ::testing::EndsWith("\n T:?\n"));
     EXPECT_EQ(log.Count("SetCurrentValue() clock.time/0 holds \"25:00:00\"", true), 1u);
 }
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "fp/client/FpClient.h"
-#include "tests/support/LogCapture.h"
-#include "tests/tov/TempDir.h"
+#include "testing/LogCapture.h"
+#include "tests/support/TempDir.h"
 
 using namespace TOV;
 
@@ -26,7 +26,7 @@ class FpClientTest : public ::testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
         if (GetParam()) {
-            ASSERT_TRUE(store.Open(dir.File("unit.db")).Success());
+            ASSERT_TRUE(store.Open(dir.At("unit.db")).Success());
         }
         CVarDecl contrast("contrast");
         contrast.Instances({"0", "1"}).Default("3").Check(CValidator::Integer(0, 9)).Persistent();
@@ -34,7 +34,7 @@ protected:
         fp.Attach();
     }
     void TearDown() override { fp.Detach(); }
-    tovtest::TempDir dir;
+    fptest::TempDir dir;
     CDataStore store;
     CTovClient client{store, CTovClient::DELIVER_QUEUED};
     FP::FpClient fp{&client};
@@ -69,7 +69,7 @@ TEST_P(FpClientTest, ReadsAndChecksArguments) {
 }
 
 TEST_P(FpClientTest, WritesReportRefusalsOnlyWhereAsked) {
-    fptest::LogCapture log("fp.client");
+    FP::Testing::LogCapture log("fp.client");
     std::vector<std::string> heard;
     fp.SetRefusalListener([&heard](const FP::FpClient::Refusal_t& r) {
         heard.push_back(r.name + "/" + r.instance + "=" + r.value + ": " + r.message);

@@ -9,16 +9,15 @@
 #include "fp/screens/BaseConfigScreen.h"
 #include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
+#include "testing/RecordingDisplay.h"
 #include "tests/fp/link/LinkPeer.h"
 #include "tests/fp/menu/Keys.h"
-#include "tests/support/ScreenText.h"
 #include "tov/DataStore.h"
 #include "tov/TovClient.h"
 
 namespace {
 
 using fptest::Key;
-using fptest::ScreenText;
 
 class MainScreen : public FP::BaseNavScreen {
 public:
@@ -96,7 +95,7 @@ protected:
     TOV::CDataStore store;
     TOV::CTovClient client{store};
     FP::FpClient fpClient{&client};
-    fptest::TextDisplay display;
+    FP::Testing::RecordingDisplay display;
 };
 
 TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
@@ -120,11 +119,11 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
         return next;
     };
     main.Initialize();
-    EXPECT_EQ(ScreenText(display), "        Main\n>Network\n Status\n");
+    EXPECT_EQ(display.Text(), "        Main\n>Network\n Status\n");
     EXPECT_TRUE(display.navMasks.back() & FP::NavSymbol::kExit);  // exit leads somewhere
     EXPECT_EQ(press(FP::KEY_DOWN), FP::kNoScreen);
     EXPECT_EQ(press(FP::KEY_ENTER), "Stat");
-    EXPECT_EQ(ScreenText(display), "       Status\n Temp:21\n Fan:On\n");
+    EXPECT_EQ(display.Text(), "       Status\n Temp:21\n Fan:On\n");
     EXPECT_EQ(press(FP::KEY_EXIT), "Main");
     EXPECT_EQ(press(FP::KEY_EXIT), "Home");
     EXPECT_EQ(main.created, 1);  // entries are built once
@@ -152,7 +151,7 @@ TEST_F(ScreensTest, BoundScreensRedrawOnEachReadInstanceUntilLeft) {
     store.Declare(TOV::CVarDecl("psu.volt").Instances({"0", "1"}).Default("12"));
     Counted<PsuStatus> stat;
     Counted<PsuConfig> conf;
-    fptest::TextDisplay confDisplay(20, 4);
+    FP::Testing::RecordingDisplay confDisplay(20, 4);
     Wire(stat, "Stat");
     Wire(conf, "Conf");
     conf.SetDisplay(&confDisplay);
@@ -172,7 +171,7 @@ TEST_F(ScreensTest, BoundScreensRedrawOnEachReadInstanceUntilLeft) {
     ASSERT_TRUE(writeAll("13"));
     ASSERT_EQ(stat.events.WaitFor(3).size(), 3u);
     ASSERT_EQ(conf.events.WaitFor(3).size(), 3u);
-    EXPECT_EQ(ScreenText(display), "\n A:13\n B:13\n Temp:13");
+    EXPECT_EQ(display.Text(), "\n A:13\n B:13\n Temp:13");
     stat.DeInitialize();
     conf.DeInitialize();
     ASSERT_TRUE(writeAll("12"));

@@ -1,10 +1,10 @@
-#include "tests/support/ScreenText.h"
+#include "testing/RecordingDisplay.h"
 
 #include <algorithm>
 
 #include "fp/menu/BaseLine.h"
 
-namespace fptest {
+namespace FP::Testing {
 
 namespace {
 std::string At(unsigned int line, unsigned int column) {
@@ -12,30 +12,31 @@ std::string At(unsigned int line, unsigned int column) {
 }
 }  // namespace
 
-void TextDisplay::SendBlankChars(unsigned int count, unsigned int column, unsigned int line) {
+void RecordingDisplay::SendBlankChars(unsigned int count, unsigned int column, unsigned int line) {
     sends_.push_back("blank " + std::to_string(count) + "@" + At(line, column));
 }
 
-void TextDisplay::SendLineUpdate(const std::string& text, unsigned int line) {
+void RecordingDisplay::SendLineUpdate(const std::string& text, unsigned int line) {
     sends_.push_back("line " + std::to_string(line) + " [" + text + "]");
     sentReverse.erase(std::remove_if(sentReverse.begin(), sentReverse.end(),
                                      [line](const ReverseWord_t& w) { return w.line == line; }),
                       sentReverse.end());
 }
 
-void TextDisplay::SendReverseWord(const std::string& text, unsigned int column, unsigned int line) {
+void RecordingDisplay::SendReverseWord(const std::string& text, unsigned int column,
+                                       unsigned int line) {
     sends_.push_back("rev " + At(line, column) + " [" + text + "]");
     sentReverse.push_back(ReverseWord_t{text, line, column});
 }
 
-void TextDisplay::SendWindowUpdate(const std::string& text) {
+void RecordingDisplay::SendWindowUpdate(const std::string& text) {
     sends_.push_back("window [" + text + "]");
     sentReverse.clear();
 }
 
-std::string TextDisplay::Row(unsigned int row) const {
+std::string RecordingDisplay::Row(unsigned int row) const {
     const unsigned int w = GetDisplayWidth();
-    const FP::DisplayWindow* window = GetSelectedWindow();
+    const DisplayWindow* window = GetSelectedWindow();
     if (!window || w == 0 || row >= GetDisplayHeight())
         return std::string();
     // The panel shows a reverse word's own characters, whatever the window
@@ -70,19 +71,18 @@ std::string TextDisplay::Row(unsigned int row) const {
     return line;
 }
 
-std::string TextDisplay::Draw(FP::BaseLine& line, unsigned int row) {
+std::string RecordingDisplay::Draw(BaseLine& line, unsigned int row) {
     ClearReverseAll();
     sentReverse.clear();
     line.DrawLine(row);
     return Row(row);
 }
 
-std::string ScreenText(const TextDisplay& display) {
+std::string RecordingDisplay::Text() const {
     std::string out;
-    for (unsigned int row = 0; display.GetSelectedWindow() && row < display.GetDisplayHeight();
-         ++row)
-        out += (row ? "\n" : "") + display.Row(row);
+    for (unsigned int row = 0; GetSelectedWindow() && row < GetDisplayHeight(); ++row)
+        out += (row ? "\n" : "") + Row(row);
     return out;
 }
 
-}  // namespace fptest
+}  // namespace FP::Testing

@@ -1,15 +1,15 @@
-#include "tests/support/LogCapture.h"
+#include "testing/LogCapture.h"
 
 #include <log4cpp/AppenderSkeleton.hh>
 #include <log4cpp/Category.hh>
 #include <log4cpp/LoggingEvent.hh>
 #include <log4cpp/Priority.hh>
 
-namespace fptest {
+namespace FP::Testing {
 
 class LogCapture::Appender : public log4cpp::AppenderSkeleton {
 public:
-    explicit Appender(LogCapture& owner) : AppenderSkeleton("fptest-capture"), owner_(owner) {}
+    explicit Appender(LogCapture& owner) : AppenderSkeleton("fp-testing-capture"), owner_(owner) {}
     void close() override {}
     bool requiresLayout() const override { return false; }
     void setLayout(log4cpp::Layout*) override {}
@@ -26,6 +26,7 @@ private:
 LogCapture::LogCapture(const std::string& category)
     : category_(category.empty() ? log4cpp::Category::getRoot()
                                  : log4cpp::Category::getInstance(category)),
+      priorityBefore_(category_.getPriority()),
       appender_(new Appender(*this)) {
     category_.setPriority(log4cpp::Priority::DEBUG);
     category_.addAppender(appender_);  // the category takes ownership
@@ -33,6 +34,7 @@ LogCapture::LogCapture(const std::string& category)
 
 LogCapture::~LogCapture() {
     category_.removeAppender(appender_);
+    category_.setPriority(priorityBefore_);
 }
 
 void LogCapture::Add(Entry e) {
@@ -66,4 +68,4 @@ void LogCapture::Clear() {
     entries_.clear();
 }
 
-}  // namespace fptest
+}  // namespace FP::Testing
