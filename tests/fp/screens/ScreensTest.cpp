@@ -7,7 +7,6 @@
 #include "fp/client/FpClient.h"
 #include "fp/core/Names.h"
 #include "fp/screens/BaseConfigScreen.h"
-#include "fp/screens/BaseNavScreen.h"
 #include "fp/screens/BaseStatusScreen.h"
 #include "testing/RecordingDisplay.h"
 #include "tests/fp/link/LinkPeer.h"
@@ -18,16 +17,6 @@
 namespace {
 
 using fptest::Key;
-
-class MainScreen : public FP::BaseNavScreen {
-public:
-    void CreateLines() override {
-        ++created;
-        CreateLine("Network", "Net");
-        CreateLine("Status", "Stat");
-    }
-    int created = 0;
-};
 
 // Records the engine events that reach a screen: the delivery thread adds, the
 // test thread waits (bounded) and reads.
@@ -98,37 +87,9 @@ protected:
     FP::Testing::RecordingDisplay display;
 };
 
-TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
-    MainScreen main;
-    main.GetMenu()->SetExitScreen("Home");
-    main.GetMenu()->SetTitle("Main");
-    StatScreen stat(0);
-    stat.GetMenu()->SetExitScreen("Main");
-    std::map<std::string, FP::BaseScreen*> screens{{"Main", &main}, {"Stat", &stat}};
-    Wire(main, "Main");
-    Wire(stat, "Stat");
-
-    FP::BaseScreen* current = &main;
-    auto press = [&](FP::Key_e k) {
-        const std::string next = current->KeyPress(Key(k));
-        if (screens.count(next)) {
-            current->DeInitialize();
-            current = screens.at(next);
-            current->Initialize();
-        }
-        return next;
-    };
-    main.Initialize();
-    EXPECT_EQ(display.Text(), "        Main\n>Network\n Status\n");
-    EXPECT_TRUE(display.navMasks.back() & FP::NavSymbol::kExit);  // exit leads somewhere
-    EXPECT_EQ(press(FP::KEY_DOWN), FP::kNoScreen);
-    EXPECT_EQ(press(FP::KEY_ENTER), "Stat");
-    EXPECT_EQ(display.Text(), "       Status\n Temp:21\n Fan:On\n");
-    EXPECT_EQ(press(FP::KEY_EXIT), "Main");
-    EXPECT_EQ(press(FP::KEY_EXIT), "Home");
-    EXPECT_EQ(main.created, 1);  // entries are built once
-
-    // Status hover masks: arrows only past four rows, Enter only with a target.
+// Arrows only past four rows, Enter only with a target, the back hint only
+// with somewhere to go back to.
+TEST_F(ScreensTest, StatusHoverMasksFollowRowsAndTargets) {
     StatScreen five(3), six(4);
     five.SetSelectScreen(FP::kNoScreen);
     six.SetSelectScreen("Detail");
@@ -137,6 +98,7 @@ TEST_F(ScreensTest, NavigationFollowsTheNamesKeyPressAnswersAndStatusMasks) {
     Wire(six, "Six");
     five.Initialize();
     EXPECT_EQ(display.navMasks.back(), 0x00);
+    EXPECT_EQ(display.Text(), "       Status\n Temp:21\n Fan:On\n Rowx             v");
     six.Initialize();
     EXPECT_EQ(display.navMasks.back(),
               FP::NavSymbol::kExit | FP::NavSymbol::kUpDown | FP::NavSymbol::kEnter);
