@@ -1,13 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "fp/client/FpClient.h"
 #include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "testing/RecordingDisplay.h"
 #include "tests/fp/menu/Keys.h"
-#include "tov/DataStore.h"
-#include "tov/TovClient.h"
 
 namespace {
 
@@ -36,26 +33,14 @@ TEST(BaseLine, DispatchesKeysAndExitLeavesEditMode) {
     EXPECT_EQ(line.calls, "LURDE");
 }
 
-TEST(DisplayLine, BoundValueAppearsAtRefreshAndEnterTogglesUnlessReadOnly) {
-    TOV::CDataStore store;
-    store.Declare(TOV::CVarDecl("host").Default("panel-1"));
-    TOV::CTovClient tov(store);
-    FP::FpClient client(&tov);
-    FP::DisplayLine line("host", "0");
-    line.SetClient(&client);
-    EXPECT_EQ(line.GetCurrentString(), "");
-    line.RefreshData();
-    EXPECT_EQ(line.GetCurrentString(), "panel-1");
-    EXPECT_EQ(line.GetHoverNavMask(), 6);
-
+TEST(DisplayLine, EnterTogglesEditingUnlessReadOnly) {
+    FP::DisplayLine line("host");
     EXPECT_TRUE(line.KeyPress(Key(FP::KEY_ENTER)));
     EXPECT_FALSE(line.KeyPress(Key(FP::KEY_ENTER)));
     line.KeyPress(Key(FP::KEY_ENTER));
     EXPECT_FALSE(line.KeyPress(Key(FP::KEY_EXIT)));
     line.SetReadOnly(true);
     EXPECT_FALSE(line.KeyPress(Key(FP::KEY_ENTER)));
-    line.SetCurrentValue(-42);
-    EXPECT_EQ(line.GetCurrentString(), "-42");
 }
 
 TEST(ScrollLine, CutsLongValuesAndDrawsShortTextWholeOverOldText) {

@@ -78,8 +78,11 @@ TEST_F(MenuOnPanel, FullDrawScrollAndAnEditReachTheGridAndTheEngine) {
     const std::string top = grid(" ^<", ">Name rack-9        ", " IP 110.0.0.2       ");
     EXPECT_EQ(Press({FP::KEY_UP}), top);
 
-    // Scrolling past the end wraps to the top and clears the old rows.
+    // Scrolling past either end wraps round and clears the old rows.
     EXPECT_EQ(Press({FP::KEY_DOWN, FP::KEY_DOWN, FP::KEY_DOWN, FP::KEY_DOWN, FP::KEY_DOWN}), top);
+    EXPECT_EQ(
+        Press({FP::KEY_UP}),
+        "       Network    ^<\n Item 1           ^ \n Item 2             \n>Item 3             ");
 }
 
 }  // namespace

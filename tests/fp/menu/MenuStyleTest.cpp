@@ -2,7 +2,6 @@
 
 #include "fp/client/FpClient.h"
 #include "fp/core/Names.h"
-#include "fp/lines/ScrollLine.h"
 #include "fp/menu/DisplayLine.h"
 #include "fp/menu/MenuStyleBasic.h"
 #include "testing/RecordingDisplay.h"
@@ -66,16 +65,6 @@ TEST_F(MenuTest, ShortMenuUsesOnlyItsRowsDrawsNoArrowsAndGrowsFromTheTop) {
     EXPECT_EQ(menu.GetCursorIndex(), 1);
     AddLines(1);  // the area grows: the cursor goes home
     EXPECT_EQ(menu.GetCursorIndex(), 0);
-}
-
-TEST_F(MenuTest, ScrollsALongMenuAndWrapsAtBothEnds) {
-    AddLines(6);
-    const std::string top = Draw();
-    EXPECT_EQ(top, "        Setup\n>A:a\n B:b\n C:c              v");
-    EXPECT_EQ(Press(FP::KEY_DOWN, 3),
-              "        Setup\n B:b              ^\n C:c\n>D:d              v");
-    EXPECT_EQ(Press(FP::KEY_DOWN, 3), top);  // past the end: back to the top
-    EXPECT_EQ(Press(FP::KEY_UP), "        Setup\n D:d              ^\n E:e\n>F:f");
 }
 
 TEST_F(MenuTest, StepsOverUnselectableLinesAndSendsEachLinesMask) {
@@ -152,21 +141,18 @@ TEST_F(MenuTest, SkipsAndUsesLinesUnderTheCursor) {
     EXPECT_EQ(Draw(), "        Setup\n A:a\n>B:b\n C:c");
 }
 
-TEST_F(MenuTest, BoundLinesAndTitleAreReadOnEveryDraw) {
+TEST_F(MenuTest, BoundTitleIsReadOnEveryDrawAndLinesWriteOnlyWhenAsked) {
     delete menu.GetTitle();
     menu.SetTitle("Unit ", "unit.name", "0");
     auto* speed = new DisplayLine("unit.speed", "0");
     speed->SetSuffix(" rpm");
     menu.AddLine(speed, "Speed");
-    auto* name = new FP::ScrollLine("unit.name", "0");
-    menu.AddLine(name);
-    EXPECT_EQ(Draw(), "     Unit alpha\n>Speed12 rpm\n alpha\n");
-    tov.SendOp("tester", "unit.speed", TOV::COid("0"), "99");
+    EXPECT_EQ(Draw(), "     Unit alpha\n>Speed12 rpm\n\n");
     tov.SendOp("tester", "unit.name", TOV::COid("0"), "beta");
-    EXPECT_EQ(Draw(), "      Unit beta\n>Speed99 rpm\n beta\n");
+    EXPECT_EQ(Draw(), "      Unit beta\n>Speed12 rpm\n\n");
 
     speed->SendDbData("7");  // writing back is off by default
-    EXPECT_EQ(client.GetData(std::string("unit.speed"), "0"), "99");
+    EXPECT_EQ(client.GetData(std::string("unit.speed"), "0"), "12");
     speed->SetSendDbData(true);
     speed->SendDbData("7");
     EXPECT_EQ(client.GetData(std::string("unit.speed"), "0"), "7");
