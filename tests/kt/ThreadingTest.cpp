@@ -4,8 +4,6 @@
 #include <chrono>
 #include <thread>
 
-#include "kt/MsgQ.h"
-#include "kt/Semaphore.h"
 #include "kt/StreamSocket.h"
 #include "kt/Thread.h"
 
@@ -46,36 +44,6 @@ TEST(Thread, CancelWakesABlockedReadAndSleep) {
     EXPECT_EQ(calls.load(), 1);
     EXPECT_FALSE(reader.IsRunning());
     EXPECT_TRUE(KT::CThread::Sleep(1));  // off a CThread it simply sleeps
-}
-
-TEST(Semaphore, TimesOutAndCounts) {
-    KT::CSemaphore sem;
-    auto start = Clock::now();
-    EXPECT_FALSE(sem.Wait(30));
-    EXPECT_GE(Clock::now() - start, std::chrono::milliseconds(25));
-    sem.Signal();
-    sem.Signal();
-    EXPECT_EQ(sem.GetCount(), 2u);
-    EXPECT_TRUE(sem.Wait(0));
-    EXPECT_TRUE(sem.Wait());
-    EXPECT_FALSE(sem.Wait(0));
-}
-
-TEST(MsgQ, BoundAndFlush) {
-    KT::CMsgQ<int> q(3);
-    for (int i = 1; i <= 3; ++i)
-        EXPECT_TRUE(q.Put(i));
-    EXPECT_FALSE(q.Put(4));
-    int v = 0;
-    EXPECT_TRUE(q.Get(v, 0));
-    EXPECT_EQ(v, 1);
-    EXPECT_TRUE(q.Put(5));
-    q.Flush();
-    EXPECT_EQ(q.Size(), 0u);
-    // The signals of flushed messages are still counted; the queue is empty.
-    EXPECT_TRUE(q.Wait(0));
-    EXPECT_FALSE(q.TakeFront(v));
-    EXPECT_FALSE(q.Get(v, 0));
 }
 
 }  // namespace

