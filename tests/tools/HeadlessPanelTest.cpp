@@ -118,7 +118,7 @@ protected:
 };
 
 TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
-    Start({});
+    Start({"--voltage", "11.5", "--display-type", "3", "--panel-version", "fw 2"});
     KT::CStreamSocket unit;
     Connect(unit);
     // The slot query answers once all that is applied.
@@ -132,7 +132,7 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
                   path_ +
                   "\nLEDs: 4 on\nstatus: -  brightness: 5  fan: -\nreports: off\n"
                   "temperature: 25  fans: 2000 2000 2000\n"
-                  "answers: slot 7, 12.00 V, display type 1, version \"fp-panel 1.0\"\n");
+                  "answers: slot 7, 11.50 V, display type 3, version \"fw 2\"\n");
 
     Command("ENTER");
     Command("down z");
@@ -184,11 +184,10 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
     EXPECT_EQ(fptest::ReadFile(snap),
               "+--------+\n|Hi      |  ##......\n|  \xE2\x9C\x93~    |\n+--------+\nLEDs: 4 on\n"
               "status: -  brightness: 5  fan: -\n");
-    // The picture of the same moment: "Hi" in reverse, the tick drawn as dots.
+    // The picture of the same moment, "Hi" in reverse; how pictures draw is
+    // the picture test's business.
     const std::string svg = fptest::ReadFile(snap + ".svg");
     EXPECT_NE(svg.find("fill=\"#1f3f9f\">Hi</text>"), std::string::npos) << svg;
-    EXPECT_NE(svg.find(">~</text>"), std::string::npos) << svg;
-    EXPECT_NE(svg.find("brightness 5"), std::string::npos) << svg;
 }
 
 TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {

@@ -35,18 +35,13 @@ Parsed Parse(std::vector<const char*> args) {
 
 }  // namespace
 
-// Listen, slot, script and sync options are driven end to end by the headless tests.
+// Listen, slot, script, sync and the answers' options are driven end to end
+// by the headless tests, --dump-on-change by the demo's.
 TEST(PanelOptionsTest, FullCommandLine) {
-    const Parsed p =
-        Parse({"--size=256x1", "--voltage", "11.5", "--display-type", "3", "--panel-version",
-               "fw 2", "--dump-on-change", "--record=r.txt", "--baud", "9600"});
+    const Parsed p = Parse({"--size=256x1", "--record=r.txt", "--baud", "9600"});
     ASSERT_EQ(p.result, PanelOptions::PARSE_OK) << p.error;
     EXPECT_EQ(p.options.width, 256u);
     EXPECT_EQ(p.options.height, 1u);
-    EXPECT_FLOAT_EQ(p.options.voltage, 11.5f);
-    EXPECT_EQ(p.options.displayType, 3);
-    EXPECT_EQ(p.options.version, "fw 2");
-    EXPECT_TRUE(p.options.dumpOnChange);
     EXPECT_EQ(p.options.record, "r.txt");
     EXPECT_EQ(p.options.baud, 9600u);
     EXPECT_EQ(Parse({"--help"}).result, PanelOptions::PARSE_HELP);
@@ -267,13 +262,8 @@ TEST(ScreenCheckTest, RowsAsWrittenAgainstTheGrid) {
             << r.written;
     EXPECT_EQ(ScreenCheck::CheckRow(state, 1, ScreenCheck::ParseRow(""), true), "");
     EXPECT_NE(ScreenCheck::CheckRow(state, 2, ScreenCheck::ParseRow(""), true), "");
-    // A pasted dump matches; rows left out must be blank.
-    EXPECT_EQ(
-        ScreenCheck::CheckScreen(
-            state, {"+--------+", "| Hi\xE2\x9C\x93    |  ..##....", "|        |", "+--------+"},
-            true),
-        "");
+    // A pasted dump, and one that differs, are checked through the real tool by
+    // the headless tests; here, a short one and one with too many rows.
     EXPECT_EQ(ScreenCheck::CheckScreen(state, {"| Hi\xE2\x9C\x93"}, true), "");
-    EXPECT_NE(ScreenCheck::CheckScreen(state, {"|", "| x"}, true), "");
     EXPECT_NE(ScreenCheck::CheckScreen(state, {"a", "b", "c"}, true), "");
 }
