@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -31,19 +30,6 @@ protected:
         const int rc = Child(args, dir.At("out")).Wait();
         out = dir.Read("out");
         return rc;
-    }
-    std::string PanelAddress() const { return "unix:" + dir.At("panel.sock"); }
-    // fp-panel, headless, listening on PanelAddress(); its dumps go to file `name`.
-    std::unique_ptr<Child> Panel(const std::string& name) {
-        std::unique_ptr<Child> panel(new Child(
-            {FP_PANEL_EXE, "--headless", "--dump-on-change", "--ascii", "--listen", PanelAddress()},
-            dir.At(name)));
-        EXPECT_TRUE(WaitFor([&] { return access(dir.At("panel.sock").c_str(), F_OK) == 0; }));
-        return panel;
-    }
-    // Waits until file `name` holds text.
-    bool Shows(const std::string& name, const std::string& text) {
-        return WaitFor([&] { return dir.Read(name).find(text) != std::string::npos; });
     }
     fptest::TempDir dir{"fp-demo-test"};
 };
@@ -215,9 +201,14 @@ TEST_F(DemoTest, ReadmeUnitIsPrintedWholeAndDrivesAPanel) {
     EXPECT_THAT(fptest::ReadFile(std::string(FP_SOURCE_DIR) + "/README.md"),
                 HasSubstr("```cpp\n" + source + "```"));
 
-    std::unique_ptr<Child> panel = Panel("panel");
-    Child unit({FP_README_UNIT_EXE, PanelAddress()}, dir.At("unit"));
-    ASSERT_TRUE(Shows("panel", "Brightness:5")) << dir.Read("panel");
+    const std::string address = "unix:" + dir.At("panel.sock");
+    Child panel({FP_PANEL_EXE, "--headless", "--dump-on-change", "--ascii", "--listen", address},
+                dir.At("panel"));
+    ASSERT_TRUE(WaitFor([&] { return access(dir.At("panel.sock").c_str(), F_OK) == 0; }));
+    Child unit({FP_README_UNIT_EXE, address}, dir.At("unit"));
+    ASSERT_TRUE(WaitFor([&] {
+        return dir.Read("panel").find("Brightness:5") != std::string::npos;
+    })) << dir.Read("panel");
     unit.Signal(SIGTERM);
     EXPECT_EQ(0, unit.Wait());
     EXPECT_THAT(dir.Read("unit"), HasSubstr("panel up"));
@@ -242,10 +233,12 @@ TEST_F(DemoTest, DrawsThePanelInARealTerminalAndQuitsOnCtrlQ) {
     auto shows = [&](const char* text) {
         return WaitFor([&] { return screen().find(text) != std::string::npos; });
     };
-    ASSERT_EQ(
-        tmux("new-session -d -x 120 -y 40 -s " + session + " '" + fptest::EmulatorCommandPrefix() +
-             FP_DEMO_EXE + " --db :memory: --log " + dir.At("demo.log") + "'"),
-        0);
+    // Behind the user-mode emulator on a cross build, like every program the tests start.
+    std::string demo;
+    for (const std::string& word : fptest::EmulatorPrefix())
+        demo += word + " ";
+    demo += std::string(FP_DEMO_EXE) + " --db :memory: --log " + dir.At("demo.log");
+    ASSERT_EQ(tmux("new-session -d -x 120 -y 40 -s " + session + " '" + demo + "'"), 0);
     EXPECT_TRUE(shows("Main Menu")) << screen();
     tmux("send-keys -t " + session + " Down Enter");
     EXPECT_TRUE(shows("DHCP:Off")) << screen();

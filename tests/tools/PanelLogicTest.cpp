@@ -178,15 +178,15 @@ TEST(HeldKeyTrackerTest, TapsStaySeparateAndHoldsStayDown) {
     EXPECT_EQ(Play(slow, Repeats(kDown, 250, 92, 1000), 2000), "0:4v 1286:4^");
 }
 
-TEST(HeldKeyTrackerTest, ReleasesOnABackwardClockAndOnRequest) {
+// Releasing everything on request is what the web view does when a browser
+// leaves, which its front-end test checks through a real socket.
+TEST(HeldKeyTrackerTest, ReleasesOnABackwardClock) {
     using Events = std::vector<HeldKeyTracker::Event_t>;
     HeldKeyTracker t;
     t.OnKey(3, 5000);
     EXPECT_EQ(t.Poll(100), (Events{{3, false}}));
     EXPECT_EQ(t.OnKey(6, 200), (Events{{6, true}}));
     EXPECT_EQ(t.HeldKey(), 6);
-    EXPECT_EQ(t.ReleaseAll(), (Events{{6, false}}));
-    EXPECT_EQ(t.ReleaseAll(), Events{});
 }
 
 TEST(KeyRecorderTest, WritesAScriptThatParses) {

@@ -39,13 +39,11 @@ TEST(WebSessionTest, BadInputPressesNothingAndIsLogged) {
     EXPECT_TRUE(session.OnUnusable("a binary or fragmented message", 0).keys.empty());
 }
 
-// Unlocking with the right token, and a page without one, run through the
-// real server in the front-end test; here, near misses and the guess limit.
-TEST(WebSessionTest, TokenGatesKeysAndTooManyWrongOnesClose) {
+// A key before the token, unlocking with it, and a page that needs none run
+// through the real server in the front-end test; here, near misses and the
+// guess limit.
+TEST(WebSessionTest, NearMissesDoNotUnlockAndTooManyClose) {
     WebSession session("s3cret-token", kReleaseMs);
-    const WebSession::Outcome_t out = session.OnText("key Enter", 0);
-    EXPECT_TRUE(out.keys.empty());
-    EXPECT_NE(out.log.find("without the token"), std::string::npos);
     EXPECT_FALSE(session.OnText("auth s3cret-tokeN", 10).accessChanged);
     EXPECT_FALSE(session.OnText("auth s3cret", 20).accessChanged);  // a prefix is not the token
     EXPECT_FALSE(session.MayPress());
@@ -125,10 +123,8 @@ TEST(WebOptionsTest, AddressesTokensAndTheUrl) {
     EXPECT_FALSE(FPWEB::WebOptions::FromCommandLine("127.0.0.1:0", "short", o, error));
     EXPECT_FALSE(FPWEB::WebOptions::FromCommandLine("127.0.0.1:0", "has space in", o, error));
 
-    ASSERT_TRUE(FPWEB::WebOptions::FromCommandLine("localhost:8080", "", o, error)) << error;
-    EXPECT_TRUE(o.token.empty()) << "loopback needs no token";
-    EXPECT_EQ(FPWEB::WebOptions::Url(o, 8080), "http://localhost:8080/");
-
+    // A loopback bind needs no token: the browser test opens the address the
+    // demo prints and presses at once.
     FPWEB::WebOptions_t lan;
     ASSERT_TRUE(FPWEB::WebOptions::FromCommandLine("0.0.0.0:8080", "", lan, error)) << error;
     EXPECT_EQ(lan.token.size(), 32u) << "an open bind gets a made-up token";
