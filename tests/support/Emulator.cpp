@@ -15,11 +15,4 @@ std::vector<std::string> EmulatorPrefix() {
     return words;
 }
 
-std::string EmulatorCommandPrefix() {
-    std::string out;
-    for (const auto& w : EmulatorPrefix())
-        out += w + " ";
-    return out;
-}
-
 }  // namespace fptest

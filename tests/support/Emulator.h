@@ -10,7 +10,4 @@ namespace fptest {
 // since an emulated test cannot exec a foreign binary directly.
 std::vector<std::string> EmulatorPrefix();
 
-// The same as one string for a shell command line (ends with a space when set).
-std::string EmulatorCommandPrefix();
-
 }  // namespace fptest

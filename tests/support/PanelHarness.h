@@ -31,7 +31,6 @@ public:
     PanelHarness& operator=(const PanelHarness&) = delete;
 
     FPSIM::PanelSim& Sim() { return *sim_; }
-    FP::FpAdapter& Adapter() { return stack_->Adapter(); }
     FP::FpControl& Control() { return stack_->Control(); }
     FP::DisplayHw& Display() { return stack_->Display(); }
     FP::Keypad& Keypad() { return stack_->Keypad(); }

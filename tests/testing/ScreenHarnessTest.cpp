@@ -8,7 +8,6 @@
 #include "fp/client/FpClient.h"
 #include "fp/screens/BaseStatusScreen.h"
 #include "testing/ScreenTest.h"
-#include "tests/support/TempDir.h"
 #include "tov/Oid.h"
 
 namespace {
@@ -93,13 +92,6 @@ TEST_F(ScreenHarnessTest, FailuresCarryThePanelAsShown) {
     for (const std::string& failure : failures)
         EXPECT_THAT(failure, testing::HasSubstr("| Echo:0 ")) << failure;
     EXPECT_EQ("0", harness.Get("echo"));
-
-    // The same panel as a picture, for a failing run to leave behind.
-    std::string error;
-    const std::string svg = ::testing::TempDir() + "harness-panel.svg";
-    ASSERT_TRUE(harness.SavePicture(svg, error)) << error;
-    EXPECT_THAT(fptest::ReadFile(svg), testing::HasSubstr(">Echo:0</text>"));
-    EXPECT_FALSE(harness.SavePicture(svg + ".gif", error));
 }
 
 }  // namespace

@@ -3,10 +3,8 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,56 +30,40 @@ const Bytes kSlotQuery = {0x09, 'A', 0x7E};
 
 class HeadlessPanelTest : public ::testing::Test {
 protected:
-    void TearDown() override { ClosePipes(); }
-    void ClosePipes() {
-        for (int* fd : {&toPanel_, &fromPanel_, &errPanel_}) {
-            if (*fd >= 0)
-                ::close(*fd);
-            *fd = -1;
-        }
+    void TearDown() override { CloseInput(); }
+    void CloseInput() {
+        if (toPanel_ >= 0)
+            ::close(toPanel_);
+        toPanel_ = -1;
     }
 
-    // Starts fp-panel on a 8x2 display; input from a pipe unless args name a script.
+    // Starts fp-panel on a 8x2 display, writing to the files "out" and "err";
+    // input from a pipe unless args name a script.
     void Start(std::vector<std::string> args) {
-        ClosePipes();
-        int in[2], out[2], err[2];
-        // Close-on-exec, so the panel holds only the ends it reads and writes.
+        CloseInput();
+        int in[2];
+        // Close-on-exec, so the panel holds only the end it reads.
         ASSERT_EQ(::pipe2(in, O_CLOEXEC), 0);
-        ASSERT_EQ(::pipe2(out, O_CLOEXEC), 0);
-        ASSERT_EQ(::pipe2(err, O_CLOEXEC), 0);
         std::vector<std::string> words = {FP_PANEL_EXE, "--headless", "--size",   "8x2",
                                           "--slot",     "7",          "--listen", "unix:" + path_};
         words.insert(words.end(), args.begin(), args.end());
-        panel_.reset(new fptest::Child(words, in[0], out[1], err[1]));
-        ::close(in[0]);
-        ::close(out[1]);
-        ::close(err[1]);
+        const int out = Create("out"), err = Create("err");
+        panel_.reset(new fptest::Child(words, in[0], out, err));
+        for (int fd : {in[0], out, err})
+            ::close(fd);
         toPanel_ = in[1];
-        fromPanel_ = out[0];
-        errPanel_ = err[0];
+        dumped_ = 0;
     }
-    static bool ReadUntil(int fd, std::string& into, size_t max,
-                          const std::function<bool()>& done) {
-        char chunk[512];
-        while (!done()) {
-            pollfd p{fd, POLLIN, 0};
-            ssize_t r = 0;
-            const size_t room = std::min(sizeof chunk, max - into.size());
-            if (::poll(&p, 1, 10000) != 1 || (r = ::read(fd, chunk, room)) <= 0)
-                return false;
-            into.append(chunk, size_t(r));
-        }
-        return true;
+    int Create(const std::string& name) {
+        return ::open(dir_.At(name).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     }
-    // Exit status once it ends, both outputs read to their end; -1 on failure.
-    // Read one after the other: what the panel writes is far below a pipe's size.
+    // Exit status once it ends (-1 on failure), and what it wrote.
     int Finish(std::string& out, std::string& err) {
-        ::close(toPanel_);
-        toPanel_ = -1;
-        ReadUntil(fromPanel_, out, SIZE_MAX, [] { return false; });
-        ReadUntil(errPanel_, err, SIZE_MAX, [] { return false; });
-        ClosePipes();
-        return panel_->Wait();
+        CloseInput();
+        const int status = panel_->Wait();
+        out = dir_.Read("out");
+        err = dir_.Read("err");
+        return status;
     }
 
     // Connects as the unit; the panel greets every connection with its start-up frame.
@@ -89,10 +71,17 @@ protected:
         ASSERT_TRUE(fptest::WaitFor([&] { return unit.Open("unix:" + path_); }));
         EXPECT_EQ(Read(unit, 3), (Bytes{0x09, 'i', 0x7E}));
     }
+    // Exactly n bytes, or fewer if none come for a long while.
     Bytes Read(KT::CStreamSocket& unit, size_t n) {
-        std::string got;
-        ReadUntil(unit.GetFd(), got, n, [&] { return got.size() >= n; });
-        return Bytes(got.begin(), got.end());
+        Bytes got(n);
+        size_t have = 0;
+        for (ssize_t r = 0; have < n; have += size_t(r)) {
+            pollfd p{unit.GetFd(), POLLIN, 0};
+            if (::poll(&p, 1, 10000) != 1 || (r = ::read(unit.GetFd(), &got[have], n - have)) <= 0)
+                break;
+        }
+        got.resize(have);
+        return got;
     }
     void Command(const std::string& line) {
         const std::string text = line + "\n";
@@ -101,24 +90,27 @@ protected:
     // Asks for a dump and returns it, without the empty line that ends it.
     std::string Dump() {
         Command("dump");
-        if (!ReadUntil(fromPanel_, buffered_, SIZE_MAX,
-                       [&] { return buffered_.find("\n\n") != std::string::npos; }))
-            return "no dump: " + buffered_;
-        const size_t end = buffered_.find("\n\n");
-        std::string dump = buffered_.substr(0, end + 1);
-        buffered_.erase(0, end + 2);
+        std::string out;
+        if (!fptest::WaitFor([&] {
+                out = dir_.Read("out");
+                return out.find("\n\n", dumped_) != std::string::npos;
+            }))
+            return "no dump: " + out.substr(dumped_);
+        const size_t end = out.find("\n\n", dumped_);
+        const std::string dump = out.substr(dumped_, end + 1 - dumped_);
+        dumped_ = end + 2;
         return dump;
     }
 
     fptest::TempDir dir_{"fp-panel-test"};
     const std::string path_ = dir_.At("panel.sock");
     std::unique_ptr<fptest::Child> panel_;
-    int toPanel_ = -1, fromPanel_ = -1, errPanel_ = -1;
-    std::string buffered_;
+    int toPanel_ = -1;
+    size_t dumped_ = 0;  // where the next dump starts in "out"
 };
 
 TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
-    Start({});
+    Start({"--voltage", "11.5", "--display-type", "3", "--panel-version", "fw 2"});
     KT::CStreamSocket unit;
     Connect(unit);
     // The slot query answers once all that is applied.
@@ -132,7 +124,7 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
                   path_ +
                   "\nLEDs: 4 on\nstatus: -  brightness: 5  fan: -\nreports: off\n"
                   "temperature: 25  fans: 2000 2000 2000\n"
-                  "answers: slot 7, 12.00 V, display type 1, version \"fp-panel 1.0\"\n");
+                  "answers: slot 7, 11.50 V, display type 3, version \"fw 2\"\n");
 
     Command("ENTER");
     Command("down z");
@@ -144,8 +136,7 @@ TEST_F(HeadlessPanelTest, DrawsKeysAnswersAndServesTheNextConnection) {
     unit.Close();
     KT::CStreamSocket again;
     Connect(again);
-    const std::string dump = Dump();
-    EXPECT_EQ(dump.substr(0, 33), "+--------+\n|        |\n|        |\n");
+    EXPECT_EQ(Dump().substr(0, 33), "+--------+\n|        |\n|        |\n");
 
     // The end of input ends a run that had commands, with every one of them fine.
     std::string out, err;
@@ -162,7 +153,7 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
                "sync\nexpect 1 |Hi      |  ##\nexpect-screen\n+--------+\n|Hi      |  ##......\n"
                "|  \xE2\x9C\x93~\nsnapshot " +
                    snap + "\nsnapshot " + snap +
-                   ".svg\ndown ENTER\nwait 300\nup ENTER\nsync\nexpect 2 Done\ndump\n"),
+                   ".svg\ndown ENTER\nwait 300\nup ENTER\nsync\nexpect 2 Done\n"),
            "--sync-ms", "300"});
     KT::CStreamSocket unit;
     Connect(unit);
@@ -179,16 +170,14 @@ TEST_F(HeadlessPanelTest, ScriptSyncsExpectsHoldsAndSnapshots) {
     ASSERT_TRUE(unit.Write(done.data(), done.size()));
 
     std::string out, err;
-    EXPECT_EQ(Finish(out, err), 0) << err;
-    EXPECT_NE(out.find("|Done    |"), std::string::npos) << out;
+    EXPECT_EQ(Finish(out, err), 0) << err;  // "expect 2 Done" held
     EXPECT_EQ(fptest::ReadFile(snap),
               "+--------+\n|Hi      |  ##......\n|  \xE2\x9C\x93~    |\n+--------+\nLEDs: 4 on\n"
               "status: -  brightness: 5  fan: -\n");
-    // The picture of the same moment: "Hi" in reverse, the tick drawn as dots.
+    // The picture of the same moment, "Hi" in reverse; how pictures draw is
+    // the picture test's business.
     const std::string svg = fptest::ReadFile(snap + ".svg");
     EXPECT_NE(svg.find("fill=\"#1f3f9f\">Hi</text>"), std::string::npos) << svg;
-    EXPECT_NE(svg.find(">~</text>"), std::string::npos) << svg;
-    EXPECT_NE(svg.find("brightness 5"), std::string::npos) << svg;
 }
 
 TEST_F(HeadlessPanelTest, AScriptStopsAtTheFirstFailureAndShowsThePanel) {

@@ -35,18 +35,13 @@ Parsed Parse(std::vector<const char*> args) {
 
 }  // namespace
 
-// Listen, slot, script and sync options are driven end to end by the headless tests.
+// Listen, slot, script, sync and the answers' options are driven end to end
+// by the headless tests, --dump-on-change by the demo's.
 TEST(PanelOptionsTest, FullCommandLine) {
-    const Parsed p =
-        Parse({"--size=256x1", "--voltage", "11.5", "--display-type", "3", "--panel-version",
-               "fw 2", "--dump-on-change", "--record=r.txt", "--baud", "9600"});
+    const Parsed p = Parse({"--size=256x1", "--record=r.txt", "--baud", "9600"});
     ASSERT_EQ(p.result, PanelOptions::PARSE_OK) << p.error;
     EXPECT_EQ(p.options.width, 256u);
     EXPECT_EQ(p.options.height, 1u);
-    EXPECT_FLOAT_EQ(p.options.voltage, 11.5f);
-    EXPECT_EQ(p.options.displayType, 3);
-    EXPECT_EQ(p.options.version, "fw 2");
-    EXPECT_TRUE(p.options.dumpOnChange);
     EXPECT_EQ(p.options.record, "r.txt");
     EXPECT_EQ(p.options.baud, 9600u);
     EXPECT_EQ(Parse({"--help"}).result, PanelOptions::PARSE_HELP);
@@ -183,15 +178,15 @@ TEST(HeldKeyTrackerTest, TapsStaySeparateAndHoldsStayDown) {
     EXPECT_EQ(Play(slow, Repeats(kDown, 250, 92, 1000), 2000), "0:4v 1286:4^");
 }
 
-TEST(HeldKeyTrackerTest, ReleasesOnABackwardClockAndOnRequest) {
+// Releasing everything on request is what the web view does when a browser
+// leaves, which its front-end test checks through a real socket.
+TEST(HeldKeyTrackerTest, ReleasesOnABackwardClock) {
     using Events = std::vector<HeldKeyTracker::Event_t>;
     HeldKeyTracker t;
     t.OnKey(3, 5000);
     EXPECT_EQ(t.Poll(100), (Events{{3, false}}));
     EXPECT_EQ(t.OnKey(6, 200), (Events{{6, true}}));
     EXPECT_EQ(t.HeldKey(), 6);
-    EXPECT_EQ(t.ReleaseAll(), (Events{{6, false}}));
-    EXPECT_EQ(t.ReleaseAll(), Events{});
 }
 
 TEST(KeyRecorderTest, WritesAScriptThatParses) {
@@ -219,9 +214,8 @@ TEST(KeyRecorderTest, WritesAScriptThatParses) {
 }
 
 TEST(QuietWatchTest, SettledOnlyWhenConnectedAndAnswered) {
+    // Waiting for a unit that never comes is the headless tests' failing sync.
     QuietWatch q;
-    q.Observe(0, false, 0, 0);
-    EXPECT_FALSE(q.Quiet(1000, 150)) << "no unit yet";
     q.Observe(1000, true, 1, 0);  // connects; its first screen is due
     EXPECT_FALSE(q.Quiet(1150, 150));
     for (uint64_t t = 1300; t <= 1400; t += 50)
@@ -253,27 +247,16 @@ TEST(ScreenCheckTest, RowsAsWrittenAgainstTheGrid) {
     const uint8_t hi[] = {' ', 'H', 'i', 0x84};
     state.grid.Write(0, 0, hi, 2, false);
     state.grid.Write(2, 0, hi + 2, 2, true);
-    const struct {
-        const char* written;
-        bool ok;
-    } rows[] = {
-        {" Hi\xE2\x9C\x93   ", true},       {"Hi\xE2\x9C\x93", false},
-        {"| Hi\xE2\x9C\x93|  ..##", true},  {"| Hi\xE2\x9C\x93|  .##", false},
-        {"| Hi\xE2\x9C\x93|  ....", false}, {"| Hi|x", false},
-    };
-    for (const auto& r : rows)
-        EXPECT_EQ(ScreenCheck::CheckRow(state, 0, ScreenCheck::ParseRow(r.written), true).empty(),
-                  r.ok)
-            << r.written;
+    // Rows that match are checked through the real tool by the headless tests;
+    // here, the ways a row can differ: text, too few marks, wrong marks, junk.
+    for (const char* written :
+         {"Hi\xE2\x9C\x93", "| Hi\xE2\x9C\x93|  .##", "| Hi\xE2\x9C\x93|  ....", "| Hi|x"})
+        EXPECT_NE(ScreenCheck::CheckRow(state, 0, ScreenCheck::ParseRow(written), true), "")
+            << written;
     EXPECT_EQ(ScreenCheck::CheckRow(state, 1, ScreenCheck::ParseRow(""), true), "");
     EXPECT_NE(ScreenCheck::CheckRow(state, 2, ScreenCheck::ParseRow(""), true), "");
-    // A pasted dump matches; rows left out must be blank.
-    EXPECT_EQ(
-        ScreenCheck::CheckScreen(
-            state, {"+--------+", "| Hi\xE2\x9C\x93    |  ..##....", "|        |", "+--------+"},
-            true),
-        "");
+    // A pasted dump, and one that differs, are checked through the real tool by
+    // the headless tests; here, a short one and one with too many rows.
     EXPECT_EQ(ScreenCheck::CheckScreen(state, {"| Hi\xE2\x9C\x93"}, true), "");
-    EXPECT_NE(ScreenCheck::CheckScreen(state, {"|", "| x"}, true), "");
     EXPECT_NE(ScreenCheck::CheckScreen(state, {"a", "b", "c"}, true), "");
 }

@@ -39,22 +39,14 @@ TEST(WebSessionTest, BadInputPressesNothingAndIsLogged) {
     EXPECT_TRUE(session.OnUnusable("a binary or fragmented message", 0).keys.empty());
 }
 
-TEST(WebSessionTest, TokenGatesKeysAndTooManyWrongOnesClose) {
-    WebSession open("", kReleaseMs);
-    EXPECT_TRUE(open.MayPress());
-    EXPECT_EQ(open.OnText("key Enter", 0).keys, (Events{{FP::KEY_ENTER, true}}));
-
+// A key before the token, unlocking with it, and a page that needs none run
+// through the real server in the front-end test; here, near misses and the
+// guess limit.
+TEST(WebSessionTest, NearMissesDoNotUnlockAndTooManyClose) {
     WebSession session("s3cret-token", kReleaseMs);
-    EXPECT_FALSE(session.MayPress());
-    WebSession::Outcome_t out = session.OnText("key Enter", 0);
-    EXPECT_TRUE(out.keys.empty());
-    EXPECT_NE(out.log.find("without the token"), std::string::npos);
     EXPECT_FALSE(session.OnText("auth s3cret-tokeN", 10).accessChanged);
     EXPECT_FALSE(session.OnText("auth s3cret", 20).accessChanged);  // a prefix is not the token
-    out = session.OnText("auth s3cret-token", 30);
-    EXPECT_TRUE(out.accessChanged);
-    EXPECT_TRUE(session.MayPress());
-    EXPECT_EQ(session.OnText("pad ENTER", 40).keys, (Events{{FP::KEY_ENTER, true}}));
+    EXPECT_FALSE(session.MayPress());
 
     WebSession guesser("s3cret-token", kReleaseMs);
     for (int i = 0; i < 2; ++i)
@@ -64,8 +56,9 @@ TEST(WebSessionTest, TokenGatesKeysAndTooManyWrongOnesClose) {
 }
 
 // The page repeats a held key; the key stays down while repeats come and goes
-// up on key-up, when they stop, or when the browser goes away.
-TEST(WebSessionTest, HoldsFollowRepeatsAndNeverOutliveTheirSource) {
+// up on key-up or when they stop. The release when the browser leaves is
+// checked through the real server in the front-end test.
+TEST(WebSessionTest, HoldsFollowRepeatsAndKeyUps) {
     WebSession s("", kReleaseMs);
     EXPECT_EQ(s.OnText("key ArrowUp", 0).keys, (Events{{FP::KEY_UP, true}}));
     EXPECT_TRUE(s.OnText("key ArrowUp", 100).keys.empty());
@@ -77,9 +70,6 @@ TEST(WebSessionTest, HoldsFollowRepeatsAndNeverOutliveTheirSource) {
     EXPECT_EQ(s.OnText("key Escape", 1020).keys,
               (Events{{FP::KEY_7, false}, {FP::KEY_EXIT, true}}));
     EXPECT_EQ(s.OnText("keyup Escape", 1030).keys, (Events{{FP::KEY_EXIT, false}}));
-
-    EXPECT_EQ(s.OnText("key Space", 2000).keys, (Events{{FP::KEY_SPACEBAR, true}}));
-    EXPECT_EQ(s.Close(), (Events{{FP::KEY_SPACEBAR, false}}));
 
     const WebSession::Outcome_t temp = s.OnText("key F2", 3000);
     EXPECT_EQ(temp.temperatureDelta, 1);
@@ -133,10 +123,8 @@ TEST(WebOptionsTest, AddressesTokensAndTheUrl) {
     EXPECT_FALSE(FPWEB::WebOptions::FromCommandLine("127.0.0.1:0", "short", o, error));
     EXPECT_FALSE(FPWEB::WebOptions::FromCommandLine("127.0.0.1:0", "has space in", o, error));
 
-    ASSERT_TRUE(FPWEB::WebOptions::FromCommandLine("localhost:8080", "", o, error)) << error;
-    EXPECT_TRUE(o.token.empty()) << "loopback needs no token";
-    EXPECT_EQ(FPWEB::WebOptions::Url(o, 8080), "http://localhost:8080/");
-
+    // A loopback bind needs no token: the browser test opens the address the
+    // demo prints and presses at once.
     FPWEB::WebOptions_t lan;
     ASSERT_TRUE(FPWEB::WebOptions::FromCommandLine("0.0.0.0:8080", "", lan, error)) << error;
     EXPECT_EQ(lan.token.size(), 32u) << "an open bind gets a made-up token";
