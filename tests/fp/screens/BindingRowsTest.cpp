@@ -45,6 +45,8 @@ struct Unit {
         auto keep = [this](const char* name, const char* value, const CValidator& check) {
             store.Declare(TOV::CVarDecl(name).Default(value).Check(check));
         };
+        keep("net.dhcp", "0", CValidator::Integer(0, 1));
+        keep("fan.mode", "eco", CValidator::OneOf({"eco", "perf"}));
         keep("app.limit", "2.5", CValidator::Real(0, 50));
         keep("app.steps", "25", CValidator::Integer(0, 500));
         keep("clock.date", "2026/01/31",
@@ -97,6 +99,21 @@ protected:
     Unit unit;
     std::unique_ptr<Config> screen;  // goes before the unit it draws from
 };
+
+const std::map<int, std::string> kOffOn{{0, "Off"}, {1, "On"}};
+const std::map<std::string, std::string> kModes{{"eco", "Eco"}, {"perf", "Perf"}};
+
+void ChoiceRows(Config& s) {
+    s.CreateChoiceLine("DHCP:", "net.dhcp", "0", kOffOn, "");
+    s.CreateChoiceLine("Fan:", "fan.mode", "0", kModes, "");
+}
+
+// A choice stores its key, not the text it shows.
+TEST_F(BindingRowsTest, ChoiceRowsStoreKeys) {
+    Edit(ChoiceRows, "\n>DHCP:Off\n Fan:Eco\n", "E^EvE^E");
+    EXPECT_EQ(unit.Var("net.dhcp"), "1");
+    EXPECT_EQ(unit.Var("fan.mode"), "perf");
+}
 
 void NumberRows(Config& s) {
     s.CreateNumberLine("Lim:", "app.limit", "0", 0, 99.9, 1, "A", FP::EngineNumberLine::STORE_TEXT);
@@ -156,9 +173,13 @@ void ClockRows(Config& s) {
     s.CreateTimeLine("T:", "clock.time", "0");
 }
 
-// Month up, day down three, commit; then the hour wraps past midnight.
+// Month up makes 31 February, which the engine refuses and the row takes
+// back; then day down three, commit, and the hour wraps past midnight.
 TEST_F(BindingRowsTest, DateAndTimeRowsWriteTheirFieldsAndShowPlaceholders) {
-    Edit(ClockRows, "\n>D:2026/01/31\n T:23:59:58\n", "E>^>vvvEvE^E");
+    Edit(ClockRows, "\n>D:2026/01/31\n T:23:59:58\n", "E>^E");
+    EXPECT_EQ(unit.Var("clock.date"), "2026/01/31");
+    EXPECT_EQ(unit.display.Text(), "\n>D:2026/01/31\n T:23:59:58\n");
+    unit.Keys(*screen, "E^>vvvEvE^E");
     EXPECT_EQ(unit.Var("clock.date"), "2026/02/28");
     EXPECT_EQ(unit.Var("clock.time"), "00:59:58");
 
