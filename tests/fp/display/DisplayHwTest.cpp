@@ -67,26 +67,13 @@ TEST_F(DisplayHwTest, NavigationAndLockSymbols) {
                                     Text("   ", 17, 0)}));
 }
 
-TEST_F(DisplayHwTest, ReverseWordsAndBoundaryAreInverted) {
+TEST_F(DisplayHwTest, BoundaryIsAnInvertedColumnPastTheWindow) {
     hw.ShowBoundary();
     Frames boundary;
     for (char line = 0; line < 4; ++line) {
         boundary = Join({boundary, {"R\x01"}, Text(" ", 20, line), {"R\x02"}});
     }
     EXPECT_EQ(adapter.Take(), boundary);
-
-    // Through the model: the whole window, then the reverse word.
-    hw.WriteLine("ok", 1, FP::LEFT_JUSTIFY, 0);
-    hw.WriteReverseWord("ok", 1, 0);
-    hw.SendUpdate();
-    const std::string blank(20, ' ');
-    EXPECT_EQ(adapter.Take(), Join({Text(blank.substr(0, 17), 0, 0),
-                                    Text("ok" + blank.substr(2), 0, 1),
-                                    Text(blank, 0, 2),
-                                    Text(blank, 0, 3),
-                                    {"R\x01"},
-                                    Text("ok", 0, 1),
-                                    {"R\x02"}}));
 }
 
 TEST_F(DisplayHwTest, TinyPanels) {
