@@ -125,9 +125,6 @@ TEST_F(DisplayHwChangesBytesTest, ARefreshSendsTheChangedCellsOnlyAndSymbolsOnly
     d.SendUpdate();
     // Three runs of one cell each, one of them reversed.
     EXPECT_EQ(12u + 12u + 12u + 8u, Sent());
-    const std::string screen = panel.Screen();
-    EXPECT_NE(std::string::npos, screen.find("Item 1  value 1")) << screen;
-    EXPECT_NE(std::string::npos, screen.find("[>]tem 2  value 8")) << screen;
 }
 
 TEST_F(DisplayHwChangesBytesTest, ForceUpdateSendsEverythingAgain) {
@@ -137,8 +134,6 @@ TEST_F(DisplayHwChangesBytesTest, ForceUpdateSendsEverythingAgain) {
     // video as in the whole-window mode.
     const uint64_t everything = (11 + 20) * 4;
     EXPECT_EQ(everything, Sent());
-    d.SendUpdate();
-    EXPECT_EQ(0u, Sent());
 }
 
 }  // namespace

@@ -52,8 +52,6 @@ TEST_F(DisplayHwTest, WindowUpdateSendsBlanksToTheFirstLineBelowTheText) {
 TEST_F(DisplayHwTest, NavigationAndLockSymbols) {
     hw.SendNavSymbols(0x40);
     EXPECT_EQ(adapter.Take(), Join({Text("\x83  ", 17, 0), Text("\x83  ", 17, 0)}));
-    hw.SendNavSymbols(0xA6);
-    EXPECT_EQ(adapter.Take(), Join({Text(" \x84\x85", 17, 0), Text(" \x7F\x81", 17, 0)}));
     hw.SendNavSymbols(0xFF);  // every low bit wins its cell over its high partner
     EXPECT_EQ(adapter.Take(), Join({Text("\x83\x84\x85", 17, 0), Text("\x80\x7F\x81", 17, 0)}));
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
 #include <vector>
 
@@ -39,14 +40,7 @@ struct LinkPeer {
     }
 
     // Whatever has been written so far; writes are complete when they return.
-    Bytes Drain() {
-        Bytes out;
-        unsigned char buf[1024];
-        ssize_t got;
-        while ((got = ::recv(peer.GetFd(), buf, sizeof buf, MSG_DONTWAIT)) > 0)
-            out.insert(out.end(), buf, buf + got);
-        return out;
-    }
+    Bytes Drain() { return Take(SIZE_MAX, 0); }
 };
 
 // Collects values delivered on another thread and waits for them.
