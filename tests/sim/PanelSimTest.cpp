@@ -162,7 +162,9 @@ TEST(PanelGridTest, GlyphsAndReverseRuns) {
     EXPECT_EQ(g.ReverseMask(1), "##.###");
 }
 
-TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
+// The fp-panel tool's reconnect test relies on the lost-link notice; here the
+// real-time ticker that a manual-clock test cannot reach.
+TEST_F(PanelSimTest, RealTimeClockSendsReportsAndReleasesHeldKeys) {
     FPSIM::PanelConfig_t c;
     c.clock = FPSIM::TIME_REAL;
     Make(c);
@@ -178,13 +180,8 @@ TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
     for (int i = 0; i < 20 && stream != Bytes{0x09, 'K', 4, 2, 0x7E}; ++i)
         stream = Read(5);
     EXPECT_EQ(stream, (Bytes{0x09, 'K', 4, 2, 0x7E}));
-
-    link_.peer.Close();
-    // The observer hears of the loss after the state shows it: wait for both.
-    EXPECT_TRUE(fptest::WaitFor(
-        [&] { return !sim_->Snapshot().linkUp && (seen & PanelSim::CHANGE_LINK) != 0; }));
-    EXPECT_TRUE(seen & PanelSim::CHANGE_REPORT);
-    EXPECT_FALSE(sim_->KeyDown(1));
+    // Observers hear of a report after it is written: wait for it.
+    EXPECT_TRUE(fptest::WaitFor([&] { return (seen & PanelSim::CHANGE_REPORT) != 0; }));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include "kt/StreamSocket.h"
@@ -53,10 +54,19 @@ public:
         cond_.notify_all();
     }
     std::vector<T> WaitFor(size_t n, int timeoutMs = 5000) {
+        return WaitUntil([n](std::vector<T> const& v) { return v.size() >= n; }, timeoutMs);
+    }
+    // Waits until done(values) holds or the time is up; the values so far.
+    template <class Done>
+    std::vector<T> WaitUntil(Done done, int timeoutMs = 5000) {
         std::unique_lock<std::mutex> lock(mutex_);
-        cond_.wait_for(lock, std::chrono::milliseconds(timeoutMs),
-                       [&] { return values_.size() >= n; });
+        cond_.wait_for(lock, std::chrono::milliseconds(timeoutMs), [&] { return done(values_); });
         return values_;
+    }
+    // The values so far, which are then forgotten.
+    std::vector<T> Take() {
+        std::lock_guard<std::mutex> lock(mutex_);
+        return std::move(values_);
     }
 
 private:

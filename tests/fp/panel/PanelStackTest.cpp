@@ -85,7 +85,7 @@ TEST(PanelStack, TeardownUnderTrafficCallsNoListenerAfterwards) {
         ends.unit.Close();
         storm.join();
         sim.Stop();
-        EXPECT_EQ(listener.lateCalls, 0u) << "round " << round;
+        EXPECT_EQ(listener.lateCalls.load(), 0u) << "round " << round;
     }
 }
 
