@@ -42,14 +42,6 @@ struct AdapterTest : ::testing::Test {
     fptest::LinkPeer link;
     FP::Testing::LogCapture log{"fpcontrol"};
     FpAdapter adapter{link.ours};
-    std::vector<Frame> seen;  // frames handed to handlers on the test thread
-
-    void Record(unsigned char op) {
-        adapter.SetResponseHandler(op, [this, op](Payload const& p) {
-            seen.push_back({op, B(p)});
-        });
-    }
-    bool Feed(Bytes const& chunk) { return adapter.ReceiveBytes(chunk.data(), chunk.size()); }
 };
 
 TEST_F(AdapterTest, FramesAndEscapesOutgoingBytesButNeverTheOpcodeWithinTheSizeLimit) {
@@ -69,16 +61,20 @@ TEST_F(AdapterTest, FramesAndEscapesOutgoingBytesButNeverTheOpcodeWithinTheSizeL
 }
 
 TEST_F(AdapterTest, ParserKeepsStateAcrossChunksAndDropsOverlongFramesWhole) {
-    Record('K');
+    std::vector<Frame> seen;  // handed over on the test thread, which feeds the parser
+    adapter.SetResponseHandler('K', [&](Payload const& p) { seen.push_back({'K', B(p)}); });
+    auto feed = [&](Bytes const& chunk) {
+        return adapter.ReceiveBytes(chunk.data(), chunk.size());
+    };
     // An escape at the very end of a chunk applies to the first byte of the next.
-    EXPECT_FALSE(Feed({0x09, 'K', 0x7D}));
-    EXPECT_FALSE(Feed({0x29, 0x01}));
+    EXPECT_FALSE(feed({0x09, 'K', 0x7D}));
+    EXPECT_FALSE(feed({0x29, 0x01}));
     EXPECT_TRUE(seen.empty());
-    EXPECT_TRUE(Feed({0x7E}));
+    EXPECT_TRUE(feed({0x7E}));
     // Too long: dropped without resyncing inside it, so no stray byte is
     // reported. 512 collected bytes (op + 511) are still a frame.
-    EXPECT_TRUE(Feed(LongFrame(2000)));
-    EXPECT_TRUE(Feed(LongFrame(511)));
+    EXPECT_TRUE(feed(LongFrame(2000)));
+    EXPECT_TRUE(feed(LongFrame(511)));
     ASSERT_EQ(seen.size(), 2u);
     EXPECT_EQ(seen[0], (Frame{'K', {0x09, 0x01}}));
     EXPECT_EQ(seen[1].second.size(), 511u);
