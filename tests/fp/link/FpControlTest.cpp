@@ -65,11 +65,12 @@ TEST_F(ControlTest, StatusSubscriptionAndReports) {
     EXPECT_EQ(link.Drain(), (Bytes{0x09, 'P', 0, 0x7E, 0x09, 'P', 5, 0x0B, 0x7E}));
     EXPECT_TRUE(log.Contains("SubscribeToStatusUpdates() done"));
 
-    // Short reports read their missing bytes as zero; 'G' was not subscribed.
-    link.Send({0x09, 'C',  0xFF, 0xF6, 0x7E, 0x09, 'F',  0x12, 0x34, 0x7E, 0x09, 'G', 1,
-               1,    0x7E, 0x09, 'H',  0x07, 0x7E, 0x09, 'C',  0xFF, 0x7E, 0x09, 'F', 0x7E});
-    EXPECT_EQ(temps.WaitFor(2), (std::vector<int>{-10, -256}));
-    EXPECT_EQ(fans.WaitFor(3), (std::vector<std::pair<int, int>>{{0, 4660}, {2, 0x0700}, {0, 0}}));
+    // Whole reports are decoded in the protocol document's replay. Short ones
+    // read their missing bytes as zero; 'G' was not subscribed.
+    link.Send(
+        {0x09, 'G', 1, 1, 0x7E, 0x09, 'H', 0x07, 0x7E, 0x09, 'C', 0xFF, 0x7E, 0x09, 'F', 0x7E});
+    EXPECT_EQ(temps.WaitFor(1), (std::vector<int>{-256}));
+    EXPECT_EQ(fans.WaitFor(2), (std::vector<std::pair<int, int>>{{2, 0x0700}, {0, 0}}));
 
     // Unsubscribed: reports are ignored. A key frame marks when they were seen.
     control.UnsubscribeFromStatusUpdates();
@@ -79,11 +80,13 @@ TEST_F(ControlTest, StatusSubscriptionAndReports) {
         FpControl::KeyDelegate([&](FP::Key_e k, FP::KeyState_e) { marker.Add(k); }));
     link.Send({0x09, 'C', 0, 1, 0x7E, 0x09, 'F', 0, 1, 0x7E, 0x09, 'K', 1, 1, 0x7E});
     EXPECT_EQ(marker.WaitFor(1).size(), 1u);
-    EXPECT_EQ(temps.WaitFor(2, 0).size(), 2u);
-    EXPECT_EQ(fans.WaitFor(3, 0).size(), 3u);
+    EXPECT_EQ(temps.WaitFor(1, 0).size(), 1u);
+    EXPECT_EQ(fans.WaitFor(2, 0).size(), 2u);
 }
 
-TEST_F(ControlTest, KeyAndStartupListeners) {
+// Key and start-up frames are decoded in the protocol document's replay, a
+// cut-short key frame included; what it does not show is the listeners' order.
+TEST_F(ControlTest, KeyListenersRunInTheOrderTheyWereAdded) {
     fptest::Collected<std::string> calls;
     auto listener = [&](std::string name) {
         return FpControl::KeyDelegate([&calls, name](FP::Key_e k, FP::KeyState_e s) {
@@ -92,12 +95,8 @@ TEST_F(ControlTest, KeyAndStartupListeners) {
     };
     control.SetKeyPressHandler(listener("first"));
     control.SetKeyPressHandler(listener("second"));  // goes in front, so runs last
-    control.SetInitHandler(FpControl::InitDelegate([&] { calls.Add("init"); }));
-
-    link.Send({0x09, 'K', FP::KEY_ENTER, FP::KEY_STATE_DOWN, 0x7E, 0x09, 'K', 72, 0x7E,  //
-               0x09, 'i', 0x7E});
-    EXPECT_EQ(calls.WaitFor(5), (std::vector<std::string>{"first:6/1", "second:6/1", "first:72/0",
-                                                          "second:72/0", "init"}));
+    link.Send({0x09, 'K', FP::KEY_ENTER, FP::KEY_STATE_DOWN, 0x7E});
+    EXPECT_EQ(calls.WaitFor(2), (std::vector<std::string>{"first:6/1", "second:6/1"}));
 }
 
 }  // namespace
