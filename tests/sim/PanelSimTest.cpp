@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "sim/FrameDecoder.h"
 #include "sim/PanelSim.h"
 #include "tests/fp/link/LinkPeer.h"
 #include "tests/support/Waiting.h"
@@ -37,25 +38,22 @@ protected:
     uint64_t written_ = 0;
 };
 
-TEST_F(PanelSimTest, TextPositionFontEdgeAndClear) {
+// Positioned, reverse and escaped text is drawn by the fp-panel tool's own
+// test; here what that drawing does not reach.
+TEST_F(PanelSimTest, TextContinuesIsClippedAtTheEdgeAndClearGoesHome) {
     FPSIM::PanelConfig_t c;
     c.width = 10;
     c.height = 3;
     Make(c);
-    // Plain text at (2, 1), then inverted at (0, 0), and an escaped '~' (0x7E).
-    Send({0x09, 'X', 2, 0x7E, 0x09, 'Y', 1, 0x7E, 0x09, 'T', 'A', 'B', 0x7D, 0x5E, 0x7E});
-    Send({0x09, 'R',  1,   0x7E, 0x09, 'X',  0,    0x7E, 0x09, 'Y', 0,
-          0x7E, 0x09, 'T', 'H',  'i',  0x7E, 0x09, 'R',  2,    0x7E});
-    // Continues after "Hi" without a new position, in the normal font.
-    Send({0x09, 'T', '!', 0x7E});
+    // After "Hi" the next text continues without a new position.
+    Send({0x09, 'T', 'H', 'i', 0x7E, 0x09, 'T', '!', 0x7E});
     // Past the right edge: 3 of 5 land, 2 are counted; a row off the grid drops all.
     Send({0x09, 'X', 7, 0x7E, 0x09, 'Y', 2, 0x7E, 0x09, 'T', '1', '2', '3', '4', '5', 0x7E});
     Send({0x09, 'Y', 3, 0x7E, 0x09, 'T', 'z', 0x7E});
     FPSIM::PanelState_t s = sim_->Snapshot();
-    EXPECT_EQ(s.grid.RenderMarked(), "[Hi]!       \n  AB~     \n       123");
-    EXPECT_EQ(s.grid.ReverseMask(0), "##........");
+    EXPECT_EQ(s.grid.RenderMarked(), "Hi!       \n          \n       123");
     EXPECT_EQ(s.counters.droppedChars, 3u);
-    EXPECT_EQ(s.counters.framesByOp['T'], 5u);
+    EXPECT_EQ(s.counters.framesByOp['T'], 4u);
 
     Send({0x09, '0', 0x7E});
     s = sim_->Snapshot();
@@ -77,8 +75,6 @@ TEST_F(PanelSimTest, IndicatorsAndRequestsAnswered) {
     EXPECT_EQ(s.brightness, 200);
     EXPECT_EQ(s.fanState, 0);
 
-    Send({0x09, 'A', 0x7E});
-    EXPECT_EQ(Read(4), (Bytes{0x09, 'A', 1, 0x7E}));
     Send({0x09, 'D', 0x7E});
     EXPECT_EQ(Read(7), (Bytes{0x09, 'D', 0x40, 0x48, 0x00, 0x00, 0x7E}));
     Send({0x09, 'I', 0x7E});
@@ -117,10 +113,9 @@ TEST_F(PanelSimTest, ReportsFollowSubscriptionOnInjectedClock) {
     EXPECT_FALSE(sim_->Snapshot().subscribed);
 }
 
+// A press's two frames are checked through the fp-panel tool.
 TEST_F(PanelSimTest, KeyMessages) {
     Make();
-    ASSERT_TRUE(sim_->Press(6));
-    EXPECT_EQ(Read(10), (Bytes{0x09, 'K', 6, 1, 0x7E, 0x09, 'K', 6, 2, 0x7E}));
     ASSERT_TRUE(sim_->Hold(2, 300));
     EXPECT_EQ(Read(5), (Bytes{0x09, 'K', 2, 1, 0x7E}));
     sim_->Advance(299);
@@ -137,10 +132,15 @@ TEST_F(PanelSimTest, MalformedInputCountedAndSurvived) {
     Send({0x09, 0x7E});                          // empty frame
     Send({0x09, 'T', 'a', 0x09, 'X', 1, 0x7E});  // truncated, then a good one
     Send({0x09, 'T', 0x7D, 0x7E});               // escape with nothing to escape
-    Bytes big{0x09, 'T'};
-    big.insert(big.end(), 600, 'a');
-    big.push_back(0x7E);
-    Send(big);                                                        // oversize
+    // The longest frame that fits still decodes (to an unknown op); one byte
+    // more and it is dropped whole.
+    for (size_t collected :
+         {FPSIM::FrameDecoder::kMaxCollected, FPSIM::FrameDecoder::kMaxCollected + 1}) {
+        Bytes big{0x09, 'Q'};
+        big.insert(big.end(), collected - 1, 'a');
+        big.push_back(0x7E);
+        Send(big);
+    }
     Send({0x09, 'Q', 0x7E, 0x09, 'L', 1, 0x7E, 0x09, 'R', 5, 0x7E});  // unknown op, bad payloads
     // An escape at the end of one read still applies to the next one.
     Send({0x09, 'T', 0x7D});
@@ -149,7 +149,7 @@ TEST_F(PanelSimTest, MalformedInputCountedAndSurvived) {
     EXPECT_EQ(s.counters.garbageBytes, 3u);
     EXPECT_EQ(s.counters.badFrames, 4u);
     EXPECT_EQ(s.counters.oversizeFrames, 1u);
-    EXPECT_EQ(s.counters.unknownOps, 1u);
+    EXPECT_EQ(s.counters.unknownOps, 2u);
     EXPECT_EQ(s.counters.badPayloads, 2u);
     EXPECT_EQ(s.grid.RowBytes(0).substr(0, 2), " }");
     EXPECT_FALSE(s.inverted);
@@ -168,7 +168,9 @@ TEST(PanelGridTest, GlyphsAndReverseRuns) {
     EXPECT_EQ(g.ReverseMask(1), "##.###");
 }
 
-TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
+// The fp-panel tool's reconnect test relies on the lost-link notice; here the
+// real-time ticker that a manual-clock test cannot reach.
+TEST_F(PanelSimTest, RealTimeClockSendsReportsAndReleasesHeldKeys) {
     FPSIM::PanelConfig_t c;
     c.clock = FPSIM::TIME_REAL;
     Make(c);
@@ -184,13 +186,8 @@ TEST_F(PanelSimTest, DeadLinkReportedAndRealTimeReports) {
     for (int i = 0; i < 20 && stream != Bytes{0x09, 'K', 4, 2, 0x7E}; ++i)
         stream = Read(5);
     EXPECT_EQ(stream, (Bytes{0x09, 'K', 4, 2, 0x7E}));
-
-    link_.peer.Close();
-    // The observer hears of the loss after the state shows it: wait for both.
-    EXPECT_TRUE(fptest::WaitFor(
-        [&] { return !sim_->Snapshot().linkUp && (seen & PanelSim::CHANGE_LINK) != 0; }));
-    EXPECT_TRUE(seen & PanelSim::CHANGE_REPORT);
-    EXPECT_FALSE(sim_->KeyDown(1));
+    // Observers hear of a report after it is written: wait for it.
+    EXPECT_TRUE(fptest::WaitFor([&] { return (seen & PanelSim::CHANGE_REPORT) != 0; }));
 }
 
 }  // namespace

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <utility>
+#include <atomic>
 #include <vector>
 
 #include "fp/input/Keypad.h"
+#include "tests/fp/link/LinkPeer.h"
 
 namespace fptest {
 
@@ -16,32 +14,20 @@ using Keys = std::vector<int>;
 // closed, any further report is a fault and only counted in lateCalls.
 struct KeyListener : FP::IKeyPress {
     void OnKeyPress(FP::Key_e key) override {
-        std::lock_guard<std::mutex> lock(mutex);
-        keys.push_back(key);
         lateCalls += closed ? 1 : 0;
-        cond.notify_all();
+        keys.Add(key);
     }
     // Waits, up to a wide limit, until `last` is the latest key; all keys so far.
     Keys WaitFor(int last) {
-        std::unique_lock<std::mutex> lock(mutex);
-        cond.wait_for(lock, std::chrono::seconds(5),
-                      [&] { return !keys.empty() && keys.back() == last; });
-        return keys;
+        return keys.WaitUntil([last](Keys const& k) { return !k.empty() && k.back() == last; });
     }
     // The keys so far, which are then forgotten.
-    Keys Take() {
-        std::lock_guard<std::mutex> lock(mutex);
-        return std::move(keys);
-    }
-    void Close() {
-        std::lock_guard<std::mutex> lock(mutex);
-        closed = true;
-    }
-    std::mutex mutex;
-    std::condition_variable cond;
-    Keys keys;
-    unsigned lateCalls = 0;
-    bool closed = false;
+    Keys Take() { return keys.Take(); }
+    void Close() { closed = true; }
+
+    Collected<int> keys;
+    std::atomic<unsigned> lateCalls{0};
+    std::atomic<bool> closed{false};
 };
 
 }  // namespace fptest

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include "kt/StreamSocket.h"
@@ -39,14 +41,7 @@ struct LinkPeer {
     }
 
     // Whatever has been written so far; writes are complete when they return.
-    Bytes Drain() {
-        Bytes out;
-        unsigned char buf[1024];
-        ssize_t got;
-        while ((got = ::recv(peer.GetFd(), buf, sizeof buf, MSG_DONTWAIT)) > 0)
-            out.insert(out.end(), buf, buf + got);
-        return out;
-    }
+    Bytes Drain() { return Take(SIZE_MAX, 0); }
 };
 
 // Collects values delivered on another thread and waits for them.
@@ -59,10 +54,19 @@ public:
         cond_.notify_all();
     }
     std::vector<T> WaitFor(size_t n, int timeoutMs = 5000) {
+        return WaitUntil([n](std::vector<T> const& v) { return v.size() >= n; }, timeoutMs);
+    }
+    // Waits until done(values) holds or the time is up; the values so far.
+    template <class Done>
+    std::vector<T> WaitUntil(Done done, int timeoutMs = 5000) {
         std::unique_lock<std::mutex> lock(mutex_);
-        cond_.wait_for(lock, std::chrono::milliseconds(timeoutMs),
-                       [&] { return values_.size() >= n; });
+        cond_.wait_for(lock, std::chrono::milliseconds(timeoutMs), [&] { return done(values_); });
         return values_;
+    }
+    // The values so far, which are then forgotten.
+    std::vector<T> Take() {
+        std::lock_guard<std::mutex> lock(mutex_);
+        return std::move(values_);
     }
 
 private:
